@@ -1,0 +1,23 @@
+#pragma once
+// Modal dialogues the core asks the platform for.
+
+#include <string>
+
+namespace parlane {
+
+enum MessageBoxFlags : int {
+    MbCritical = 16,
+    MbQuestionYesNo = 36,
+    MbExclamation = 48,
+    MbInformation = 64,
+};
+enum MessageBoxAnswer : int { AnswerOk = 1, AnswerYes = 6, AnswerNo = 7 };
+
+class DialogueHost {
+public:
+    virtual ~DialogueHost() = default;
+    // A modal box; returns the button pressed (1 OK, 6 Yes, 7 No).
+    virtual int messageBox(const std::string& prompt, int flags, const std::string& title) = 0;
+};
+
+}  // namespace parlane

@@ -1,0 +1,29 @@
+#include "core/program.h"
+
+#include <cstdio>
+
+namespace parlane {
+
+ProgramGlobals ReadProgramGlobals(SettingsStore& store) {
+    ProgramGlobals g;
+    g.strings.LanguageOffset = 0;
+    Settings settings(store, g.strings.ProductName());
+    if (auto v = settings.GetSettingInt("Language", "Default", 0)) g.strings.LanguageOffset = *v;
+    // The application name follows the bank just chosen.
+    settings.setApplication(g.strings.ProductName());
+    const auto version = settings.GetSettingInt("Language", "Version", 0).value_or(0);
+    if (auto v = settings.GetSettingInt("Language", "International", 1)) g.International = *v != 0;
+    g.EditionItaly = version == 1;
+    g.EditionAustralia = version == 2;
+    // Linux offers the one transmit call.
+    g.NtTransmit = true;
+    return g;
+}
+
+std::string VersionText() {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%d.%02d", PARLANE_VERSION_MAJOR, PARLANE_VERSION_MINOR);
+    return buf;
+}
+
+}  // namespace parlane

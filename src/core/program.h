@@ -1,0 +1,15 @@
+#pragma once
+// The first steps of the process, before any window: flags from the settings.
+
+#include "core/settings_store.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+
+// Reads Language\Default, Language\Version and Language\International into the globals.
+ProgramGlobals ReadProgramGlobals(SettingsStore& store);
+
+// The program's version as the About window shows it: major "." minor with a leading zero.
+std::string VersionText();
+
+}  // namespace parlane

@@ -1,0 +1,22 @@
+#pragma once
+// LoadResString: the text of an id in the bank chosen by LanguageOffset.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace parlane {
+
+class Strings {
+public:
+    std::int16_t LanguageOffset = 0;
+
+    // The text of bank-1 id `id` in the bank in use; nullopt when that bank lacks it.
+    std::optional<std::string> TryLoad(int id) const;
+    // As TryLoad, but an empty text for a missing id: callers pass a missing string over.
+    std::string LoadResString(int id) const;
+    // The product's name in the bank in use (string 1052): titles, settings application name.
+    std::string ProductName() const;
+};
+
+}  // namespace parlane

@@ -1,0 +1,47 @@
+#pragma once
+// The engine's state for the life of the main window; never stored.
+
+#include <cstdint>
+#include <string>
+
+namespace parlane {
+
+struct SendCounters {
+    std::int32_t DialNumberSeen = 0;
+    std::int32_t DialAttempts = 0;
+    std::int32_t SendNumberSeen = 0;
+    std::int32_t SendAttempts = 0;
+    std::int32_t BlockMessagesInCall = 0;
+    std::int32_t MenuMessagesInCall = 0;
+    std::int32_t NextMessageNumber = 0;
+    std::int32_t SafetyMinutes = 0;
+};
+
+struct SendState {
+    bool CallActive = false;
+    bool DialPending = false;
+    bool MoreInCall = false;
+    std::string CenterPassword;
+    std::string ExpectedPrompt;
+    std::string ReceiveBuffer;
+    std::string UcpReceiveBuffer;
+    bool LineInUseRetry = false;
+    std::int16_t StopPressed = 0;
+    std::int16_t MaxDialAttempts = 3;
+    bool AllowExtendedAscii = false;
+    std::string OriginatorId = "12345";
+    // Which dialogue the call speaks; none set means TAP.
+    bool OrangeDialogue = false;
+    bool VodaDialogue = false;
+    bool LibertelDialogue = false;
+    bool TimDialogue = false;
+    bool UcpDialogue = false;
+    std::int16_t DialDevice = 0;
+    SendCounters counters;
+
+    bool anyDialogueFlag() const {
+        return OrangeDialogue || VodaDialogue || LibertelDialogue || TimDialogue || UcpDialogue;
+    }
+};
+
+}  // namespace parlane

@@ -1,0 +1,226 @@
+// Call control: from the head of SendBuffer to a call with an open port, and back down again.
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+namespace {
+
+std::string TrimBlanks(std::string text) {
+    for (auto& c : text)
+        if (c == '\0') c = ' ';
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+void frmMain::SetCallingLook() {
+    mnuHangUp.Enabled = true;
+    mnuSend.Enabled = false;
+    mnuQueue.Enabled = false;
+    picToolIconsEnabled[0] = false;
+    picToolIconsEnabled[1] = false;
+    picToolIconsEnabled[2] = true;
+}
+
+void frmMain::SetIdleLook() {
+    mnuHangUp.Enabled = false;
+    mnuSend.Enabled = true;
+    mnuQueue.Enabled = true;
+    picToolIconsEnabled[0] = true;
+    picToolIconsEnabled[1] = true;
+    picToolIconsEnabled[2] = false;
+}
+
+void frmMain::DialCenter() {
+    if (UpperBound(SendBuffer) < 1) return;
+    auto& c = state.counters;
+    bool userStopped = false;
+    if (state.StopPressed != 0) {
+        userStopped = true;
+        c.DialAttempts = state.MaxDialAttempts;
+        state.StopPressed = 0;
+    }
+    const QueuedMessage head = SendBuffer[1];
+    const Provider centre = Providers.at(static_cast<std::size_t>(head.ProviderIndex));
+    state.UcpDialogue = centre.Protocol == ProtocolUcp;
+    state.VodaDialogue = centre.Protocol == ProtocolVoda;
+    state.OrangeDialogue = centre.Protocol == ProtocolOrange;
+    state.TimDialogue = centre.Protocol == ProtocolTim;
+    state.LibertelDialogue = centre.Protocol == ProtocolLibertel;
+
+    ShowStatus(LoadResString(sid::Sending));
+    state.CenterPassword = centre.Password;
+    ShowMessageInPanel(head);
+
+    if (head.MessageNumber == c.DialNumberSeen) {
+        ++c.DialAttempts;
+    } else {
+        c.DialNumberSeen = head.MessageNumber;
+        c.DialAttempts = 0;
+    }
+    if (c.DialAttempts > state.MaxDialAttempts - 1) {
+        const std::string abort =
+            LoadResString(userStopped ? sid::AbortedUserPressedStop : sid::AbortedMaxDialAttempts);
+        ShowStatus(LoadResString(sid::MessageNumberPrefix) + std::to_string(head.MessageNumber) +
+                   " " + abort);
+        SaveToOutbox(abort, head);
+        RemoveSentMessageFromRun();
+        c.DialAttempts = 0;
+        HangUp();
+        return;
+    }
+    if (c.DialAttempts > 0)
+        ShowStatus(LoadResString(sid::FailedDiallingAgain) + "  " +
+                   std::to_string(c.DialAttempts + 1));
+    else
+        ShowStatus(LoadResString(sid::Dialling));
+
+    state.DialDevice = static_cast<std::int16_t>(LeadingNumber(centre.TapiDevice));
+    auto& tapi = platform_.telephony;
+    if (!tapi.OpenLine(state.DialDevice)) {
+        SaveToOutbox(LoadResString(sid::AbortedUnableToOpenLine), head);
+        tapi.ShutdownTelephony();
+        tapi.InitTelephony();
+        ShowStatus(LoadResString(sid::UnableToOpenLineRetrying));
+        RemoveSentMessageFromRun();
+        c.DialAttempts = 0;
+        HangUp();
+        return;
+    }
+
+    for (;;) {
+        // A block of another device, or none, is not forced on this line.
+        if (!centre.DevConfig.empty()) {
+            const auto result = tapi.lineSetDevConfig(state.DialDevice, centre.DevConfig,
+                                                      "comm/datamodem");
+            if (result != 0) {
+                debugLog.AppendLog("Error " + std::to_string(result) + " - lineSetDevConfig");
+                // Counted like a failed dial, so that the run goes on.
+                ShowStatus(LoadResString(sid::ErrorMakingCall));
+                HangUp();
+                return;
+            }
+            debugLog.AppendLog("Success! - lineSetDevConfig");
+        }
+        const std::string address =
+            centre.CountryCode.empty()
+                ? centre.Number
+                : "+" + centre.CountryCode + " (" + centre.AreaCode + ") " + centre.Number;
+        std::string dialable;
+        const auto translated = tapi.lineTranslateAddress(state.DialDevice, address, dialable);
+        if (translated != 0) {
+            debugLog.AppendLog("Error " + std::to_string(translated) + " - LineTranslateAddress");
+            ShowStatus(LoadResString(sid::ErrorMakingCall));
+            HangUp();
+            return;
+        }
+        debugLog.AppendLog("Success! - LineTranslateAddress");
+
+        SetCallingLook();
+        ShowStatus(LoadResString(sid::Dialling));
+        const auto placed = tapi.PlaceCall(dialable, LINEMEDIAMODE_DATAMODEM);
+        state.LineInUseRetry = false;
+        if (placed == PlaceCallResult::Placed) {
+            timSafetyTimer.setEnabled(true);
+            return;
+        }
+        if (placed == PlaceCallResult::Failed) {
+            ShowStatus(LoadResString(sid::ErrorMakingCall));
+            HangUp();
+            timSafetyTimer.setEnabled(true);
+            return;
+        }
+        ShowStatus(LoadResString(sid::LineInUse));
+        state.LineInUseRetry = true;
+        WaitSecs(10);
+        // Stop ends the wait: the next tick gives the message up.
+        if (state.StopPressed != 0) {
+            state.LineInUseRetry = false;
+            HangUp();
+            return;
+        }
+    }
+}
+
+void frmMain::HangUp() {
+    timSafetyTimer.setEnabled(false);
+    timSendCR.setEnabled(false);
+    timResponse.setEnabled(false);
+    timUnloadfrmResponse.setEnabled(false);
+    ShowStatus(LoadResString(sid::Disconnecting));
+    CloseCommPort();
+    if (state.CallActive) platform_.telephony.DropCall();
+    SetIdleLook();
+    state.CallActive = false;
+    state.ReceiveBuffer.clear();
+    state.UcpReceiveBuffer.clear();
+    state.ExpectedPrompt.clear();
+    ShowStatus(LoadResString(sid::Disconnected));
+    timCommEvent.setInterval(1);
+    std::string country;
+    if (platform_.telephony.tapiGetLocationInfo(country) >= 0)
+        txtCountryCode.Text = TrimBlanks(country);
+    txtMessage.Text.clear();
+    txtAreaCode.Text.clear();
+    txtNumber.Text.clear();
+    const std::string defaultName = DefaultCentre();
+    Services.ListIndex = -1;
+    for (int i = 0; i < Services.ListCount(); ++i)
+        if (Services.rows[static_cast<std::size_t>(i)] == defaultName) Services.select(i);
+    if (Services.ListIndex < 0 && Services.ListCount() > 0) Services.select(0);
+    if (!state.LineInUseRetry) {
+        timSendMessages.setEnabled(false);
+        state.DialPending = false;
+        timSendMessages.setEnabled(true);
+    }
+    state.UcpDialogue = false;
+}
+
+void frmMain::CloseCommPort() {
+    platform_.loop.doEvents();
+    debugLog.AppendLog(platform_.serial.CloseCommunicationsPort() ? "Comm Port Closed"
+                                                                  : "Failed to Close Comm Port");
+}
+
+void frmMain::OpenCommPort() {
+    const auto handle = platform_.telephony.GetCommHandle();
+    const bool opened = platform_.serial.OpenCommunicationsPort(handle, [this](int) {
+        // May come from the serial reader's thread: only wake the loop.
+        platform_.loop.post([this] { timCommEvent.setEnabled(true); });
+    });
+    if (!opened) {
+        debugLog.AppendLog("Failed to Open Comm Port");
+        return;
+    }
+    debugLog.AppendLog("Comm Port Open");
+    timSendCR.setEnabled(!state.anyDialogueFlag());
+    state.CallActive = true;
+    if (state.UcpDialogue) {
+        WaitSecs(2);
+        SendNextMessage();
+    }
+}
+
+void frmMain::LineCallback(std::uint32_t callState) {
+    debugLog.AppendLog("LINE_CALLSTATE " + std::to_string(callState));
+    setLblEvent(std::to_string(callState));
+}
+
+void frmMain::setLblEvent(const std::string& text) {
+    if (text == lblEvent) return;  // a repeated state acts once
+    lblEvent = text;
+    if (text == "256") {
+        ShowStatus(LoadResString(sid::Connected));
+        OpenCommPort();
+    } else if (text == "1") {
+        platform_.telephony.DeallocateCall();
+        platform_.telephony.CloseLine();
+    } else if (text == "16384") {
+        state.CallActive = true;
+        HangUp();
+    }
+}
+
+}  // namespace parlane

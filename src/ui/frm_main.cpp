@@ -1,0 +1,83 @@
+#include "ui/frm_main.h"
+
+#include "core/string_ids.h"
+
+namespace parlane {
+
+frmMain::frmMain(Platform platform, ProgramGlobals& globals)
+    : timSendMessages(platform.loop, "timSendMessages", 4000, false,
+                      [this] { timSendMessages_Timer(), changed(); }),
+      timCheckSingleMessageSent(platform.loop, "timCheckSingleMessageSent", 4000, true,
+                                [this] { timCheckSingleMessageSent_Timer(), changed(); }),
+      timSafetyTimer(platform.loop, "timSafetyTimer", 60000, false,
+                     [this] { timSafetyTimer_Timer(), changed(); }),
+      timCommEvent(platform.loop, "timCommEvent", 1, false,
+                   [this] { timCommEvent_Timer(), changed(); }),
+      timResponse(platform.loop, "timResponse", 1000, false,
+                  [this] { timResponse_Timer(), changed(); }),
+      timSendCR(platform.loop, "timSendCR", 2000, false, [this] { timSendCR_Timer(), changed(); }),
+      timUnloadfrmResponse(platform.loop, "timUnloadfrmResponse", 500, false,
+                           [this] { timUnloadfrmResponse_Timer(), changed(); }),
+      timAnimate(platform.loop, "timAnimate", 1000, true, [this] { timAnimate_Timer(), changed(); }),
+      tmrCommandLine(platform.loop, "tmrCommandLine", 5000, false,
+                     [this] { tmrCommandLine_Timer(), changed(); }),
+      tmrCommandCompleted(platform.loop, "tmrCommandCompleted", 500, false,
+                          [this] { tmrCommandCompleted_Timer(), changed(); }),
+      platform_(platform),
+      globals_(globals),
+      settings_(platform.settingsStore, globals.strings.ProductName()) {
+    picToolIconsEnabled.fill(true);
+    picToolIconsEnabled[2] = false;  // Stop, until a call is up
+    mnuHangUp.Enabled = false;
+    platform_.telephony.setCallStateHandler([this](std::uint32_t s) {
+        LineCallback(s);
+        changed();
+    });
+}
+
+frmMain::~frmMain() { platform_.telephony.setCallStateHandler(nullptr); }
+
+void frmMain::ShowStatus(const std::string& text) { setStatusRaw(text + "  "); }
+
+void frmMain::setStatusRaw(const std::string& text) {
+    lblInfo.Caption = text;
+    if (observer_) observer_->statusChanged(text);
+}
+
+int frmMain::ShowMessageBox(const std::string& prompt, int flags) {
+    const int answer = platform_.dialogues.messageBox(prompt, flags, globals_.strings.ProductName());
+    changed();
+    return answer;
+}
+
+std::string frmMain::DefaultCentre() const {
+    return settings_.GetSetting("SMSC", "Default",
+                                DefaultCentreName(globals_.EditionItaly, globals_.EditionAustralia));
+}
+
+void frmMain::changed() {
+    if (queueDirty_) {
+        queueDirty_ = false;
+        JournalQueue();
+    }
+    if (observer_) observer_->controlsChanged();
+}
+
+void frmMain::WaitSecs(double seconds) { platform_.loop.waitSecs(seconds); }
+
+// The online picture runs while a call is up.
+void frmMain::timAnimate_Timer() {
+    lblOnline.Visible = state.CallActive;
+    if (state.CallActive) onlineFrame = (onlineFrame + 1) % 4;
+}
+
+// The receive path, the prompt's timers and the command-line timers belong to the dialogue and
+// automation code; until they are wired in, their ticks have nothing to do.
+void frmMain::timCommEvent_Timer() {}
+void frmMain::timResponse_Timer() {}
+void frmMain::timSendCR_Timer() {}
+void frmMain::timUnloadfrmResponse_Timer() { timUnloadfrmResponse.setEnabled(false); }
+void frmMain::tmrCommandLine_Timer() { tmrCommandLine.setEnabled(false); }
+void frmMain::tmrCommandCompleted_Timer() { tmrCommandCompleted.setEnabled(false); }
+
+}  // namespace parlane

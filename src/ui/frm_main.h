@@ -1,0 +1,210 @@
+#pragma once
+// The main window's model. It owns every long-lived table, the engine's state and its timers.
+// Its handlers are defined by subsystem: queue handlers in store/, the run in engine/, call
+// control in line/, the archive writer in archive/, loading and closing here in ui/.
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/dialogue_host.h"
+#include "core/event_loop.h"
+#include "core/regional_formats.h"
+#include "core/settings_store.h"
+#include "core/strings.h"
+#include "core/timer.h"
+#include "engine/send_state.h"
+#include "line/debug_log.h"
+#include "line/serial_link.h"
+#include "line/telephony.h"
+#include "store/message_queue.h"
+#include "store/provider.h"
+#include "ui/controls.h"
+
+namespace parlane {
+
+// What Main settles before any window exists.
+struct ProgramGlobals {
+    Strings strings;  // carries LanguageOffset
+    bool EditionItaly = false;
+    bool EditionAustralia = false;
+    bool International = true;
+    bool NtTransmit = true;
+};
+
+// The platform services the window uses.
+struct Platform {
+    EventLoop& loop;
+    SettingsStore& settingsStore;
+    DialogueHost& dialogues;
+    RegionalFormats& formats;
+    Telephony& telephony;
+    SerialLink& serial;
+    std::filesystem::path home;
+};
+
+// Told about changes so that a view can mirror them.
+class FormObserver {
+public:
+    virtual ~FormObserver() = default;
+    virtual void statusChanged(const std::string& /*status*/) {}
+    // Anything else may have changed: re-read the fields.
+    virtual void controlsChanged() {}
+};
+
+class frmMain {
+public:
+    frmMain(Platform platform, ProgramGlobals& globals);
+    ~frmMain();
+    frmMain(const frmMain&) = delete;
+    frmMain& operator=(const frmMain&) = delete;
+
+    void setObserver(FormObserver* observer) { observer_ = observer; }
+
+    // Life of the window.
+    void Form_Load();
+    void Form_QueryUnload();
+    void Form_Unload();
+    bool loaded() const { return loaded_; }
+
+    // Commands.
+    void mnuQueue_Click();
+    void mnuSend_Click();
+    void mnuSendSingle_Click();
+    void mnuHangUp_Click();
+
+    // Queue operations.
+    bool ResetQueueBuffer();
+    bool SaveQueueBuffer();
+    void RemoveQueuedMessageRow(int row);
+    bool PrepareNextBatch();
+    int LookupCenter(const std::string& name);
+
+    // The run.
+    void SendNextMessage();
+    void WaitSecs(double seconds);
+
+    // Call control.
+    void DialCenter();
+    void HangUp();
+    void OpenCommPort();
+    void CloseCommPort();
+    void LineCallback(std::uint32_t callState);
+    void setLblEvent(const std::string& text);
+
+    // Archive.
+    void SaveToOutbox(const std::string& status, const QueuedMessage& message);
+
+    // Status line and boxes.
+    void ShowStatus(const std::string& text);
+    void setStatusRaw(const std::string& text);
+    int ShowMessageBox(const std::string& prompt, int flags);
+    std::string LoadResString(int id) const { return globals_.strings.LoadResString(id); }
+    std::string DefaultCentre() const;
+
+    // ----- Controls -----
+    TextBox txtCountryCode, txtAreaCode, txtNumber, txtMessage, txtMessageQueue;
+    ListControl Services, Names, cmbGroupName, MessageQueue;
+    Label lblInfo, lblTotal, lblOnline;
+    std::string lblEvent = "1";
+    MenuItem mnuQueue, mnuSend, mnuSendSingle, mnuHangUp, mnuViewQueue, mnuGroup, mnuTools;
+    MenuItem mnuEnglish, mnuItalian, mnuGerman, mnuFrench, mnuOrvane;
+    std::array<bool, 14> picToolIconsEnabled{};
+    ProgressBar progress;
+    std::string focusedControl;
+    int busyDepth = 0;  // the hourglass shows while above 0
+    int MainLeft = 1000, MainTop = 1000;  // twips
+    bool minimised = false;
+    int onlineFrame = 0;  // picture of the online indicator, 0 to 3
+    int MessageQueueColumns = 2;
+
+    // ----- Tables and state -----
+    std::vector<Provider> Providers;
+    MessageTable QueueBuffer = EmptyMessageTable();
+    MessageTable SendBuffer = EmptyMessageTable();
+    SendState state;
+    std::string ReferenceCode;
+    std::int16_t ResponseTimeoutSecs = 30;
+    DebugLog debugLog;
+
+    // ----- Timers -----
+    Timer timSendMessages, timCheckSingleMessageSent, timSafetyTimer, timCommEvent, timResponse,
+        timSendCR, timUnloadfrmResponse, timAnimate, tmrCommandLine, tmrCommandCompleted;
+
+    Platform& platform() { return platform_; }
+    Settings& settings() { return settings_; }
+    const ProgramGlobals& globals() const { return globals_; }
+    std::filesystem::path homePath(const std::string& name) const { return platform_.home / name; }
+
+private:
+    friend class BusyCursor;
+    void timSendMessages_Timer();
+    void timSafetyTimer_Timer();
+    void timCheckSingleMessageSent_Timer();
+    void timAnimate_Timer();
+    void timCommEvent_Timer();
+    void timResponse_Timer();
+    void timSendCR_Timer();
+    void timUnloadfrmResponse_Timer();
+    void tmrCommandLine_Timer();
+    void tmrCommandCompleted_Timer();
+
+    // Queue file life.
+    void LoadQueueAtStart();
+    void SaveQueueAtExit();
+    bool WriteQueueFile(const MessageTable& table, const std::string& statusText);
+    void ShowQueueCount();
+    void AddQueueRow(const QueuedMessage& message);
+    void ReadyPanel();
+    void ApplyBlockRule(const QueuedMessage& head, const Provider& centre);
+    void StopSaveBack();
+    void MoveBatchBackToQueue(MessageTable batch);
+    void ShowMessageInPanel(const QueuedMessage& message);
+    void SetIdleLook();
+    void SetCallingLook();
+    void SelectDefaultCentre();
+    void LoadProviders();
+    void reportDamage(const std::filesystem::path& file);
+
+    // The recovery journal: every pending message, rewritten when the tables change.
+    void JournalQueue();
+    void RecoverJournal();
+    MessageTable PendingMessages() const;
+
+    // Marks the tables as changed; the journal is rewritten before control goes back to the loop.
+    void queueChanged() { queueDirty_ = true; }
+    void RemoveSentMessageFromRun();
+
+public:
+    // Tells the view, and keeps the journal current. Every command and timer ends with it.
+    void changed();
+
+private:
+
+    Platform platform_;
+    ProgramGlobals& globals_;
+    Settings settings_;
+    FormObserver* observer_ = nullptr;
+    bool loaded_ = false;
+    // The queue set aside by a single-message run, until the run's end brings it back.
+    std::optional<MessageTable> stashedQueue_;
+    bool queueDirty_ = false;
+};
+
+// Shows the hourglass for a scope and restores it on every path.
+class BusyCursor {
+public:
+    explicit BusyCursor(frmMain& form) : form_(form) { ++form_.busyDepth; }
+    ~BusyCursor() { --form_.busyDepth; }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+
+private:
+    frmMain& form_;
+};
+
+}  // namespace parlane

@@ -1,0 +1,144 @@
+// Loading and closing the main window.
+#include <filesystem>
+
+#include "core/file_io.h"
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+namespace {
+
+std::string Trim(std::string text) {
+    const auto first = text.find_first_not_of(' ');
+    if (first == std::string::npos) return {};
+    const auto last = text.find_last_not_of(' ');
+    return text.substr(first, last - first + 1);
+}
+
+std::string BlankNuls(std::string text) {
+    for (auto& c : text)
+        if (c == '\0') c = ' ';
+    return text;
+}
+
+}  // namespace
+
+void frmMain::reportDamage(const std::filesystem::path& file) {
+    const auto aside = KeepDamagedCopy(file);
+    ShowStatus(file.filename().string() + ": " + LoadResString(sid::DamagedFileKept) + " " +
+               (aside ? aside->filename().string() : std::string("?")));
+}
+
+void frmMain::LoadProviders() {
+    const auto path = homePath("smsc.dat");
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec)) WriteFileAtomically(path, {});
+    const auto bytes = ReadWholeFile(path).value_or(std::string());
+    auto table = ParseProviderFile(bytes);
+    Providers = std::move(table.records);
+    if (table.damaged) reportDamage(path);
+}
+
+void frmMain::Form_Load() {
+    // Step 2: the language menu.
+    const int offset = globals_.strings.LanguageOffset;
+    mnuEnglish.Checked = offset != 2000 && offset != 3000 && offset != 4000;
+    mnuItalian.Checked = offset == 2000;
+    mnuGerman.Checked = offset == 3000;
+    mnuFrench.Checked = offset == 4000;
+
+    // Step 3: the reference code of support mail.
+    const char* edition = globals_.EditionAustralia ? "061"
+                          : globals_.EditionItaly   ? "039"
+                          : globals_.International  ? "000"
+                                                    : "044";
+    ReferenceCode = "Ref:HC1-" + std::to_string(PARLANE_VERSION_MAJOR) + "." +
+                    std::to_string(PARLANE_VERSION_MINOR) + "." +
+                    std::to_string(PARLANE_VERSION_PATCH) + "-" + edition;
+    mnuOrvane.Visible = !globals_.International;
+
+    // Step 4.
+    state.UcpDialogue = false;
+    platform_.telephony.InitTelephony();
+
+    // Steps 5 and 6.
+    LoadProviders();
+    SendBuffer = EmptyMessageTable();
+    QueueBuffer = EmptyMessageTable();
+
+    // Step 7.
+    std::string country;
+    if (platform_.telephony.tapiGetLocationInfo(country) >= 0)
+        txtCountryCode.Text = Trim(BlankNuls(country));
+
+    // Step 8.
+    Services.Clear();
+    for (const auto& p : Providers) Services.AddItem(p.ProviderName);
+
+    // Step 9.
+    if (auto v = settings_.GetSettingInt("Settings", "MaxDial", 3)) state.MaxDialAttempts = *v;
+    if (!Providers.empty()) {
+        const int row = Services.ListIndex >= 0 ? Services.ListIndex : 0;
+        lblTotal.Caption = "/" + Providers[static_cast<std::size_t>(row)].MaxChars;
+    }
+    state.OriginatorId = settings_.GetSetting("Settings", "Originator", "12345");
+
+    // Step 10.
+    SelectDefaultCentre();
+
+    // Step 11.
+    if (auto v = settings_.GetSettingInt("Settings", "MainLeft", 1000)) MainLeft = *v;
+    if (auto v = settings_.GetSettingInt("Settings", "MainTop", 1000)) MainTop = *v;
+
+    // Step 12.
+    std::error_code ec;
+    std::filesystem::create_directories(homePath("SMS") / "Outbox", ec);
+    std::filesystem::create_directories(homePath("Data"), ec);
+
+    // Steps 13 and 14: the optional panels.
+    const auto queueView = settings_.GetSettingInt("Queue", "View", 0);
+    mnuViewQueue.Checked = queueView && *queueView == 1;
+    const auto groupView = settings_.GetSettingInt("Group", "View", 0);
+    mnuGroup.Checked = groupView && *groupView == 1;
+    MessageQueueColumns = mnuGroup.Checked ? 3 : 2;
+
+    // Step 15.
+    if (auto v = settings_.GetSettingInt("Settings", "Timeout", 30)) ResponseTimeoutSecs = *v;
+
+    // Step 18, then whatever a crash left behind.
+    LoadQueueAtStart();
+    RecoverJournal();
+
+    // Step 22.
+    const auto tools = settings_.GetSettingInt("Settings", "Tools", 1);
+    mnuTools.Checked = tools && *tools == 1;
+
+    loaded_ = true;
+    changed();
+}
+
+void frmMain::SelectDefaultCentre() {
+    if (Services.ListCount() == 0) return;
+    const std::string name = DefaultCentre();
+    int row = 0;
+    for (int i = 0; i < Services.ListCount(); ++i)
+        if (Services.rows[static_cast<std::size_t>(i)] == name) {
+            row = i;
+            break;
+        }
+    Services.select(row);
+}
+
+void frmMain::Form_QueryUnload() { SaveQueueAtExit(); }
+
+void frmMain::Form_Unload() {
+    if (!minimised) {
+        settings_.SaveSetting("Settings", "MainLeft", std::to_string(MainLeft));
+        settings_.SaveSetting("Settings", "MainTop", std::to_string(MainTop));
+    }
+    platform_.serial.CloseCommunicationsPort();
+    platform_.telephony.ShutdownTelephony();
+    loaded_ = false;
+}
+
+}  // namespace parlane
