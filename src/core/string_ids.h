@@ -236,7 +236,7 @@ inline constexpr int AreYouCertainDelete = 1262;
 inline constexpr int UnableToCompleteDeletion = 1263;
 
 // Broadcast groups. A failed load or save reads: number, LoadingWord or SavingWord, the
-// group, GroupMemberNames or GroupListWord, description. The delete question is
+// group, GroupMemberNames or GroupListWord, the error text. The delete question is
 // AreYouCertainRemove, the group and GroupQuestionEnd.
 inline constexpr int GroupsAvailable = 1086;
 inline constexpr int LoadingWord = 1264;

@@ -1,0 +1,169 @@
+#include "support/test_platform.h"
+
+#include <algorithm>
+#include <fstream>
+#include <random>
+
+#include "core/file_io.h"
+
+namespace parlane::testing {
+
+int ScriptedDialogues::messageBox(const std::string& prompt, int flags, const std::string& title) {
+    shown.push_back({prompt, flags, title});
+    if (!answers.empty()) {
+        const int a = answers.front();
+        answers.pop_front();
+        return a;
+    }
+    return flags == MbQuestionYesNo ? AnswerNo : AnswerOk;
+}
+
+bool FakeLine::InitTelephony() {
+    log.push_back("init");
+    return true;
+}
+void FakeLine::ShutdownTelephony() { log.push_back("shutdown"); }
+bool FakeLine::OpenLine(int device) {
+    log.push_back("open line " + std::to_string(device));
+    return openLineSucceeds;
+}
+std::int32_t FakeLine::lineSetDevConfig(int, const std::vector<std::uint8_t>& config,
+                                        const std::string&) {
+    log.push_back("set dev config " + std::to_string(config.size()));
+    return setDevConfigResult;
+}
+std::int32_t FakeLine::lineTranslateAddress(int, const std::string& canonical,
+                                            std::string& dialable) {
+    log.push_back("translate " + canonical);
+    dialable = canonical;
+    return translateResult;
+}
+PlaceCallResult FakeLine::PlaceCall(const std::string& dialable, std::int32_t) {
+    log.push_back("place call");
+    dialled.push_back(dialable);
+    PlaceCallResult r = PlaceCallResult::Placed;
+    if (!placeResults.empty()) {
+        r = placeResults.front();
+        placeResults.pop_front();
+    }
+    if (r == PlaceCallResult::Placed && autoConnectMs > 0) {
+        // One-shot timers on the loop play the far end.
+        auto id = std::make_shared<EventLoop::TimerId>();
+        *id = loop_.createTimer([this, id] {
+            loop_.stopTimer(*id);
+            sendState(LINECALLSTATE_CONNECTED);
+            if (farEndHangUpAfterMs > 0) {
+                auto drop = std::make_shared<EventLoop::TimerId>();
+                *drop = loop_.createTimer([this, drop] {
+                    loop_.stopTimer(*drop);
+                    sendState(LINECALLSTATE_DISCONNECTED);
+                    sendState(LINECALLSTATE_IDLE);
+                });
+                loop_.startTimer(*drop, Milliseconds(farEndHangUpAfterMs));
+            }
+        });
+        loop_.startTimer(*id, Milliseconds(autoConnectMs));
+    }
+    return r;
+}
+void FakeLine::DropCall() { log.push_back("drop"); }
+std::int32_t FakeLine::tapiGetLocationInfo(std::string& code) {
+    code = countryCode;
+    return 0;
+}
+bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(int)>) {
+    log.push_back("open port");
+    portOpen = true;
+    return true;
+}
+bool FakeLine::CloseCommunicationsPort() {
+    const bool was = portOpen;
+    portOpen = false;
+    return was;
+}
+bool FakeLine::TxChars(const std::string& bytes) {
+    log.push_back("tx " + bytes);
+    return portOpen;
+}
+
+struct TestPlatform::Recorder : FormObserver {
+    explicit Recorder(std::vector<std::string>& lines) : lines_(lines) {}
+    void statusChanged(const std::string& status) override { lines_.push_back(status); }
+    std::vector<std::string>& lines_;
+};
+
+TestPlatform::TestPlatform(std::filesystem::path homeFolder) {
+    if (homeFolder.empty()) {
+        std::random_device rd;
+        home = std::filesystem::temp_directory_path() /
+               ("parlane-test-" + std::to_string(rd()) + std::to_string(rd()));
+        ownsHome = true;
+    } else {
+        home = std::move(homeFolder);
+    }
+    std::filesystem::create_directories(home);
+}
+
+TestPlatform::~TestPlatform() {
+    main.reset();
+    if (ownsHome) {
+        std::error_code ec;
+        std::filesystem::remove_all(home, ec);
+    }
+}
+
+frmMain& TestPlatform::load() {
+    if (!main) {
+        main = std::make_unique<frmMain>(
+            Platform{loop, settings, dialogues, formats, line, line, home}, globals);
+        recorder_ = std::make_unique<Recorder>(statusLines);
+        main->setObserver(recorder_.get());
+        main->Form_Load();
+    }
+    return *main;
+}
+
+void TestPlatform::writeProviders(const std::vector<Provider>& providers) {
+    std::string error;
+    WriteFileAtomically(home / "smsc.dat", SerializeProviderFile(providers, error));
+}
+
+std::vector<std::string> TestPlatform::archiveFiles() const {
+    std::vector<std::string> names;
+    std::error_code ec;
+    for (const auto& e : std::filesystem::directory_iterator(home / "SMS" / "Outbox", ec))
+        names.push_back(e.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string TestPlatform::archiveFile(const std::string& name) const {
+    return ReadWholeFile(home / "SMS" / "Outbox" / name).value_or("<missing>");
+}
+
+Provider MakeProvider(const std::string& name, int protocol, const std::string& maxMessages,
+                      int multiMessage) {
+    Provider p;
+    p.ProviderName = name;
+    p.TapiDevice = "0";
+    p.CountryCode = "44";
+    p.AreaCode = "07";
+    p.Number = "1234";
+    p.MaxChars = "160";
+    p.Protocol = protocol;
+    p.MultiMessage = multiMessage;
+    p.AllowASCII = "0";
+    p.MaxMessages = maxMessages;
+    p.UCPOperation = "01";
+    return p;
+}
+
+void Compose(frmMain& form, const std::string& text, const std::string& country,
+             const std::string& area, const std::string& number) {
+    form.txtMessage.Text = text;
+    form.txtCountryCode.Text = country;
+    form.txtAreaCode.Text = area;
+    form.txtNumber.Text = number;
+}
+
+}  // namespace parlane::testing

@@ -1,0 +1,114 @@
+#pragma once
+// A main window on fakes: virtual time, settings in memory, a scripted dialogue host, a
+// telephony whose calls the test drives, and a temporary home.
+
+#include <deque>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/regional_formats.h"
+#include "core/settings_store.h"
+#include "core/virtual_event_loop.h"
+#include "ui/frm_main.h"
+
+namespace parlane::testing {
+
+class ScriptedDialogues : public DialogueHost {
+public:
+    struct Shown {
+        std::string prompt;
+        int flags;
+        std::string title;
+    };
+    int messageBox(const std::string& prompt, int flags, const std::string& title) override;
+    std::deque<int> answers;  // used in order; OK (or No for a question) when empty
+    std::vector<Shown> shown;
+};
+
+// A line whose events the test sends; it records what the engine asked of it.
+class FakeLine : public Telephony, public SerialLink {
+public:
+    explicit FakeLine(EventLoop& loop) : loop_(loop) {}
+    void setCallStateHandler(std::function<void(std::uint32_t)> h) override { handler = h; }
+    bool InitTelephony() override;
+    void ShutdownTelephony() override;
+    bool OpenLine(int device) override;
+    std::int32_t lineSetDevConfig(int, const std::vector<std::uint8_t>&,
+                                  const std::string&) override;
+    std::int32_t lineTranslateAddress(int, const std::string& canonical,
+                                      std::string& dialable) override;
+    PlaceCallResult PlaceCall(const std::string& dialable, std::int32_t mediaMode) override;
+    void DropCall() override;
+    void DeallocateCall() override { log.push_back("deallocate"); }
+    void CloseLine() override { log.push_back("close line"); }
+    std::intptr_t GetCommHandle() override { return 7; }
+    std::int32_t tapiGetLocationInfo(std::string& countryCode) override;
+    std::vector<std::string> deviceNames() override { return {"Simulated modem"}; }
+    bool OpenCommunicationsPort(std::intptr_t, std::function<void(int)>) override;
+    bool CloseCommunicationsPort() override;
+    bool TxChars(const std::string& bytes) override;
+    std::string RxChars(std::size_t) override { return {}; }
+
+    // Delivers a call state now, as the provider's callback would.
+    void sendState(std::uint32_t state) {
+        if (handler) handler(state);
+    }
+
+    std::function<void(std::uint32_t)> handler;
+    std::vector<std::string> log;      // operations in order
+    std::vector<std::string> dialled;  // dialable strings of placed calls
+    std::deque<PlaceCallResult> placeResults;  // Placed when empty
+    bool openLineSucceeds = true;
+    std::int32_t setDevConfigResult = 0;
+    std::int32_t translateResult = 0;
+    std::string countryCode = "44";
+    bool portOpen = false;
+    // When set, every placed call connects after this delay and hangs up at the far end after
+    // `farEndHangUpAfter` (0: never).
+    int autoConnectMs = 0;
+    int farEndHangUpAfterMs = 0;
+
+private:
+    EventLoop& loop_;
+};
+
+struct TestPlatform {
+    explicit TestPlatform(std::filesystem::path homeFolder = {});
+    ~TestPlatform();
+    // Builds (once) and loads the main window.
+    frmMain& load();
+    frmMain& form() { return *main; }
+
+    // Writes smsc.dat into the home.
+    void writeProviders(const std::vector<Provider>& providers);
+    // Names of the files in SMS/Outbox, sorted.
+    std::vector<std::string> archiveFiles() const;
+    std::string archiveFile(const std::string& name) const;
+
+    std::filesystem::path home;
+    bool ownsHome = false;
+    VirtualEventLoop loop;
+    MemorySettingsStore settings;
+    ScriptedDialogues dialogues;
+    FixedRegionalFormats formats;
+    FakeLine line{loop};
+    ProgramGlobals globals;
+    std::unique_ptr<frmMain> main;
+    std::vector<std::string> statusLines;  // every status line shown, in order
+
+private:
+    struct Recorder;
+    std::unique_ptr<Recorder> recorder_;
+};
+
+// A centre with the fields the engine reads.
+Provider MakeProvider(const std::string& name, int protocol = ProtocolTap,
+                      const std::string& maxMessages = "3", int multiMessage = 1);
+
+// Fills the compose panel.
+void Compose(frmMain& form, const std::string& text, const std::string& country = "44",
+             const std::string& area = "07", const std::string& number = "1234");
+
+}  // namespace parlane::testing
