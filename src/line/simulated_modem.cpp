@@ -6,6 +6,11 @@ SimulatedModem::SimulatedModem(EventLoop& loop) : loop_(loop) {
     connectTimer_ = loop_.createTimer([this] {
         loop_.stopTimer(connectTimer_);
         deliver(LINECALLSTATE_CONNECTED);
+        loop_.startTimer(farEndDropTimer_, Milliseconds(5000));
+    });
+    farEndDropTimer_ = loop_.createTimer([this] {
+        loop_.stopTimer(farEndDropTimer_);
+        deliver(LINECALLSTATE_DISCONNECTED);
     });
     idleTimer_ = loop_.createTimer([this] {
         loop_.stopTimer(idleTimer_);
@@ -37,6 +42,7 @@ PlaceCallResult SimulatedModem::PlaceCall(const std::string& dialable, std::int3
 
 void SimulatedModem::DropCall() {
     loop_.stopTimer(connectTimer_);
+    loop_.stopTimer(farEndDropTimer_);
     loop_.startTimer(idleTimer_, Milliseconds(200));
 }
 

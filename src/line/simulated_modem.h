@@ -50,6 +50,8 @@ private:
     std::function<void(std::uint32_t)> handler_;
     EventLoop::TimerId connectTimer_;
     EventLoop::TimerId idleTimer_;
+    // No centre speaks on this line yet: the far end hangs up after a short silence.
+    EventLoop::TimerId farEndDropTimer_;
     bool portOpen_ = false;
     std::string countryCode_ = "44";
     std::string lastDialled_;

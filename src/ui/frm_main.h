@@ -76,6 +76,8 @@ public:
     void mnuSend_Click();
     void mnuSendSingle_Click();
     void mnuHangUp_Click();
+    void mnuViewQueue_Click();
+    void mnuExit_Click();
 
     // Queue operations.
     bool ResetQueueBuffer();

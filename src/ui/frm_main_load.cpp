@@ -142,3 +142,18 @@ void frmMain::Form_Unload() {
 }
 
 }  // namespace parlane
+
+namespace parlane {
+
+void frmMain::mnuViewQueue_Click() {
+    mnuViewQueue.Checked = !mnuViewQueue.Checked;
+    settings_.SaveSetting("Queue", "View", mnuViewQueue.Checked ? "1" : "0");
+    changed();
+}
+
+void frmMain::mnuExit_Click() {
+    Form_QueryUnload();
+    Form_Unload();
+}
+
+}  // namespace parlane

@@ -1,0 +1,184 @@
+#include "qt/application.h"
+
+#include <unistd.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <set>
+
+#include "core/file_io.h"
+#include "core/home.h"
+#include "core/program.h"
+#include "core/string_ids.h"
+#include "line/simulated_modem.h"
+#include "qt/main_window.h"
+#include "qt/qt_dialogue_host.h"
+#include "qt/qt_event_loop.h"
+#include "qt/qt_regional_formats.h"
+#include "qt/qt_settings_store.h"
+#include "qt/qt_text.h"
+
+namespace parlane {
+namespace {
+
+constexpr const char* kUsage =
+    "usage: parlane [--home DIR] [--demo] [--print-status]\n"
+    "  --home DIR      keep tables, archive and settings in DIR\n"
+    "  --demo          send one message through the simulated modem and end\n"
+    "  --print-status  print each status line on standard error\n";
+
+std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
+    std::set<std::string> names;
+    std::error_code ec;
+    for (const auto& e : std::filesystem::directory_iterator(home / "SMS" / "Outbox", ec))
+        names.insert(e.path().filename().string());
+    return names;
+}
+
+// A centre on the simulated modem, for a home that has none yet.
+void WriteDemoCentre(const std::filesystem::path& home) {
+    Provider demo;
+    demo.ProviderName = "Demo TAP Centre";
+    demo.TapiDevice = "0";
+    demo.CountryCode = "44";
+    demo.AreaCode = "0800";
+    demo.Number = "100200";
+    demo.MaxChars = "160";
+    demo.Protocol = ProtocolTap;
+    demo.MultiMessage = 1;
+    demo.AllowASCII = "0";
+    demo.MaxMessages = "3";
+    demo.UCPOperation = "01";
+    std::string error;
+    WriteFileAtomically(home / "smsc.dat", SerializeProviderFile({demo}, error));
+}
+
+}  // namespace
+
+ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
+    ProgramOptions options;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& a = arguments[i];
+        if (!options.rest.empty()) {
+            options.rest.push_back(a);
+        } else if (a == "--home") {
+            if (i + 1 >= arguments.size()) {
+                options.error = "--home needs a folder";
+                return options;
+            }
+            options.home = arguments[++i];
+        } else if (a.rfind("--home=", 0) == 0) {
+            options.home = a.substr(7);
+        } else if (a == "--demo") {
+            options.demo = true;
+        } else if (a == "--print-status") {
+            options.printStatus = true;
+        } else if (a == "--help" || a == "-h") {
+            options.error = "help";
+            return options;
+        } else if (a.rfind("--", 0) == 0) {
+            options.error = "unknown option " + a;
+            return options;
+        } else {
+            options.rest.push_back(a);
+        }
+    }
+    return options;
+}
+
+int RunProgram(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const ProgramOptions options = ParseProgramOptions(arguments);
+    if (!options.error.empty()) {
+        if (options.error != "help") std::fprintf(stderr, "parlane: %s\n", options.error.c_str());
+        std::fputs(kUsage, stderr);
+        return options.error == "help" ? 0 : 1;
+    }
+    // With no display the program still runs, on Qt's offscreen platform.
+    if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
+        !std::getenv("QT_QPA_PLATFORM"))
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    QApplication app(argc, argv);
+
+    const HomeChoice home = ChooseHome(options.home);
+    InstanceLock lock(home.path);
+    if (!lock.held()) return 0;  // another instance owns this home: end silently
+
+    const auto settingsFolder = SettingsFilePath(home, "Parlane").parent_path();
+    std::error_code ec;
+    std::filesystem::create_directories(settingsFolder, ec);
+    QtSettingsStore settingsStore(QString::fromStdString(settingsFolder.string()));
+    ProgramGlobals globals = ReadProgramGlobals(settingsStore);
+    if (options.demo && !std::filesystem::exists(home.path / "smsc.dat")) {
+        WriteDemoCentre(home.path);
+        // The simulated modem is the demo's modem.
+        Settings(settingsStore, globals.strings.ProductName()).SaveSetting("FirstRun", "Modem", "4");
+    }
+
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    QLabel splash(ToQt(globals.strings.ProductName() + "\n" +
+                       globals.strings.LoadResString(sid::VersionWord) + " " + VersionText()));
+    splash.setObjectName("frmSplash");
+    splash.setAlignment(Qt::AlignCenter);
+    splash.setWindowFlags(Qt::SplashScreen);
+    splash.resize(320, 160);
+    splash.show();
+    QApplication::processEvents();
+
+    QtEventLoop loop;
+    SimulatedModem modem(loop);
+    QtDialogueHost dialogues;
+    QtRegionalFormats formats;
+    frmMain form(Platform{loop, settingsStore, dialogues, formats, modem, modem, home.path},
+                 globals);
+    form.Form_Load();
+    MainWindow window(form);
+    dialogues.setOwner(&window);
+    splash.close();
+    QApplication::restoreOverrideCursor();
+
+    const bool printStatus = options.printStatus || options.demo ||
+                             QGuiApplication::platformName() == "offscreen";
+    const auto started = std::chrono::steady_clock::now();
+    if (printStatus) {
+        window.onStatus = [started](const std::string& status) {
+            const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() -
+                                                           started).count();
+            std::fprintf(stderr, "[%6.1f s] %s\n", s, Cp1252ToUtf8(status).c_str());
+        };
+    }
+    window.onClosed = [] { QApplication::quit(); };
+    window.show();
+
+    QTimer demoWatch;
+    const auto archiveBefore = OutboxFiles(home.path);
+    if (options.demo) {
+        form.txtMessage.Text = "Hello from Parlane: a message on its way through the simulated modem.";
+        form.txtCountryCode.Text = "44";
+        form.txtAreaCode.Text = "07700";
+        form.txtNumber.Text = "900123";
+        form.mnuSend_Click();
+        QObject::connect(&demoWatch, &QTimer::timeout, [&] {
+            if (form.lblInfo.Caption != form.LoadResString(sid::NoMoreMessages) + "  ") return;
+            demoWatch.stop();
+            for (const auto& name : OutboxFiles(home.path)) {
+                if (archiveBefore.count(name)) continue;
+                const auto path = home.path / "SMS" / "Outbox" / name;
+                std::fprintf(stderr, "\n--- archive file %s ---\n%s\n", path.c_str(),
+                             Cp1252ToUtf8(ReadWholeFile(path).value_or("")).c_str());
+            }
+            window.close();
+        });
+        demoWatch.start(250);
+    } else if (QGuiApplication::platformName() == "offscreen" && !isatty(STDIN_FILENO)) {
+        std::fputs("parlane: no display; running on the offscreen platform\n", stderr);
+    }
+    return app.exec();
+}
+
+}  // namespace parlane

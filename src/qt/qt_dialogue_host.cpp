@@ -1,0 +1,34 @@
+#include "qt/qt_dialogue_host.h"
+
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <cstdio>
+
+#include "qt/qt_text.h"
+
+namespace parlane {
+
+int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::string& title) {
+    const bool question = flags == MbQuestionYesNo;
+    if (QGuiApplication::platformName() == "offscreen") {
+        std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(),
+                     Cp1252ToUtf8(prompt).c_str());
+        return question ? AnswerNo : AnswerOk;
+    }
+    QMessageBox box(owner_);
+    box.setWindowTitle(ToQt(title));
+    box.setText(ToQt(prompt));
+    box.setIcon(flags == MbCritical     ? QMessageBox::Critical
+                : question              ? QMessageBox::Question
+                : flags == MbExclamation ? QMessageBox::Warning
+                                         : QMessageBox::Information);
+    if (question) {
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        return box.exec() == QMessageBox::Yes ? AnswerYes : AnswerNo;
+    }
+    box.setStandardButtons(QMessageBox::Ok);
+    box.exec();
+    return AnswerOk;
+}
+
+}  // namespace parlane

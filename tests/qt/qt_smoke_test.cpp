@@ -1,0 +1,100 @@
+// The Qt side on the offscreen platform: the window mirrors its model and forwards commands,
+// settings keep their bytes, and the real loop's waits serve timers.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+#include <thread>
+
+#include "core/timer.h"
+#include "qt/application.h"
+#include "qt/main_window.h"
+#include "qt/qt_event_loop.h"
+#include "qt/qt_settings_store.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+TEST(QtMainWindow, TypedTextReachesTheModelAndQueueRunsThroughIt) {
+    testing::TestPlatform p;
+    p.writeProviders({testing::MakeProvider("Alpha"), testing::MakeProvider("Beta")});
+    auto& form = p.load();
+    MainWindow window(form);
+    window.show();
+    auto* number = window.findChild<QLineEdit*>("txtNumber");
+    auto* area = window.findChild<QLineEdit*>("txtAreaCode");
+    auto* message = window.findChild<QPlainTextEdit*>("txtMessage");
+    auto* services = window.findChild<QComboBox*>("Services");
+    ASSERT_TRUE(number && area && message && services);
+    EXPECT_EQ(services->count(), 2);
+    services->setCurrentIndex(1);
+    QTest::keyClicks(area, "07");
+    QTest::keyClicks(number, "5551234");
+    message->setFocus();
+    QTest::keyClicks(message, "Hi ");
+    message->insertPlainText(QString::fromUtf8("\xC3\xA9t\xC3\xA9"));
+    EXPECT_EQ(form.txtNumber.Text, "5551234");
+    EXPECT_EQ(form.txtMessage.Text, "Hi \xE9t\xE9");  // cp1252 inside the model
+
+    window.findChild<QAction*>("mnuQueue")->trigger();
+    ASSERT_EQ(UpperBound(form.QueueBuffer), 1);
+    EXPECT_EQ(form.QueueBuffer[1].ProviderName, "Beta");
+    EXPECT_TRUE(message->toPlainText().isEmpty());
+    EXPECT_EQ(window.findChild<QLabel*>("lblInfo")->text(), "1 Message in Queue");
+
+    // A failed check moves the focus as the model says.
+    window.findChild<QAction*>("mnuQueue")->trigger();
+    EXPECT_EQ(p.dialogues.shown.size(), 1u);
+    EXPECT_TRUE(message->hasFocus() || QApplication::focusWidget() == nullptr);
+
+    window.findChild<QAction*>("mnuSend")->trigger();
+    p.loop.advance(Milliseconds(4000));
+    window.controlsChanged();
+    EXPECT_FALSE(window.findChild<QAction*>("mnuSend")->isEnabled());
+    EXPECT_TRUE(window.findChild<QAction*>("mnuHangUp")->isEnabled());
+}
+
+TEST(QtSettings, IniKeepsEveryByteAndMissingKeysAreMissing) {
+    QTemporaryDir dir;
+    QtSettingsStore store(dir.path());
+    std::string all;
+    for (int b = 32; b < 256; ++b) all += static_cast<char>(b);
+    store.write("Parlane", "Texts", "Note1", all);
+    store.write("Parlane", "Settings", "MaxDial", "5");
+    QtSettingsStore again(dir.path());
+    EXPECT_EQ(again.read("Parlane", "Texts", "Note1"), all);
+    EXPECT_EQ(again.read("Parlane", "Settings", "MaxDial"), "5");
+    EXPECT_FALSE(again.read("Parlane", "Settings", "Timeout"));
+    EXPECT_FALSE(again.read("Tonebridge", "Settings", "MaxDial"));
+    EXPECT_TRUE(QFile::exists(dir.path() + "/Parlane.ini"));
+}
+
+TEST(QtEventLoop, WaitServesTimersAndPostsFromThreads) {
+    QtEventLoop loop;
+    int ticks = 0;
+    Timer t(loop, "t", 20, true, [&] { ++ticks; });
+    loop.waitSecs(0.15);
+    EXPECT_GE(ticks, 4);
+    t.setEnabled(false);
+    bool posted = false;
+    std::thread([&] { loop.post([&] { posted = true; }); }).join();
+    loop.runUntil([&] { return posted; });
+    EXPECT_TRUE(posted);
+}
+
+TEST(ProgramOptions, OwnOptionsComeBeforeTheNameAndMessage) {
+    auto o = ParseProgramOptions({"--home", "/tmp/h", "--demo", "Alice", "--home", "x"});
+    EXPECT_EQ(o.home, "/tmp/h");
+    EXPECT_TRUE(o.demo);
+    EXPECT_EQ(o.rest, (std::vector<std::string>{"Alice", "--home", "x"}));
+    EXPECT_FALSE(ParseProgramOptions({"--home"}).error.empty());
+    EXPECT_FALSE(ParseProgramOptions({"--bogus"}).error.empty());
+}
+
+}  // namespace
+}  // namespace parlane
