@@ -40,8 +40,8 @@ void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& messa
     fields.text = message.Text;
 
     std::filesystem::path path;
-    const int fd =
-        CreateArchiveFile(homePath("SMS") / "Outbox", ArchiveTimeStamp(platform_.loop.wallClock()), path);
+    const int fd = CreateArchiveFile(homePath("SMS") / "Outbox",
+                                     ArchiveTimeStamp(platform_.loop.wallClock()), path);
     const auto fail = [&](int error) {
         ShowStatus(std::to_string(error) + " " + LoadResString(sid::SavingToOutbox) + " " +
                    std::strerror(error));

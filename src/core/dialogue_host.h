@@ -14,7 +14,7 @@ enum MessageBoxFlags : int {
 enum MessageBoxAnswer : int { AnswerOk = 1, AnswerYes = 6, AnswerNo = 7 };
 
 class DialogueHost {
-public:
+  public:
     virtual ~DialogueHost() = default;
     // A modal box; returns the button pressed (1 OK, 6 Yes, 7 No).
     virtual int messageBox(const std::string& prompt, int flags, const std::string& title) = 0;

@@ -13,7 +13,7 @@ using Milliseconds = std::chrono::milliseconds;
 using WallClockMs = std::int64_t;
 
 class EventLoop {
-public:
+  public:
     using TimerId = int;
     virtual ~EventLoop() = default;
 

@@ -21,7 +21,7 @@ std::filesystem::path SettingsFilePath(const HomeChoice& home, const std::string
 
 // Holds the one-instance lock of a home for the life of the process.
 class InstanceLock {
-public:
+  public:
     // Tries to take the lock of `home`; check held().
     explicit InstanceLock(const std::filesystem::path& home);
     ~InstanceLock();
@@ -29,7 +29,7 @@ public:
     InstanceLock& operator=(const InstanceLock&) = delete;
     bool held() const { return fd_ >= 0; }
 
-private:
+  private:
     int fd_ = -1;
 };
 

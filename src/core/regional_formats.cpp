@@ -9,9 +9,9 @@ namespace {
 
 constexpr std::array<const char*, 7> kDays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                               "Thursday", "Friday", "Saturday"};
-constexpr std::array<const char*, 12> kMonths = {"January", "February", "March",     "April",
-                                                 "May",     "June",     "July",      "August",
-                                                 "September", "October", "November", "December"};
+constexpr std::array<const char*, 12> kMonths = {"January",   "February", "March",    "April",
+                                                 "May",       "June",     "July",     "August",
+                                                 "September", "October",  "November", "December"};
 
 // Days since 1970-01-01 of a proleptic Gregorian date, and back (Howard Hinnant's algorithms).
 long long DaysFromCivil(long long y, unsigned m, unsigned d) {
@@ -44,22 +44,25 @@ CivilTime ToCivil(WallClockMs when) {
     const unsigned m = mp < 10 ? mp + 3 : mp - 9;
     const long long y = static_cast<long long>(yoe) + era * 400 + (m <= 2);
     const int weekday = static_cast<int>(((days % 7) + 11) % 7);  // 1970-01-01 was a Thursday
-    return CivilTime{static_cast<int>(y), static_cast<int>(m), static_cast<int>(d),
-                     static_cast<int>(rem / 3600), static_cast<int>(rem % 3600 / 60),
-                     static_cast<int>(rem % 60), weekday};
+    return CivilTime{static_cast<int>(y),
+                     static_cast<int>(m),
+                     static_cast<int>(d),
+                     static_cast<int>(rem / 3600),
+                     static_cast<int>(rem % 3600 / 60),
+                     static_cast<int>(rem % 60),
+                     weekday};
 }
 
 WallClockMs FromCivil(int year, int month, int day, int hour, int minute, int second) {
-    const long long days = DaysFromCivil(year, static_cast<unsigned>(month),
-                                         static_cast<unsigned>(day));
+    const long long days =
+        DaysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day));
     return ((days * 86400) + hour * 3600LL + minute * 60LL + second) * 1000;
 }
 
 std::string FixedRegionalFormats::longDate(WallClockMs when) const {
     const auto t = ToCivil(when);
-    return std::string(kDays[static_cast<std::size_t>(t.weekday)]) + ", " +
-           std::to_string(t.day) + " " + kMonths[static_cast<std::size_t>(t.month - 1)] + " " +
-           std::to_string(t.year);
+    return std::string(kDays[static_cast<std::size_t>(t.weekday)]) + ", " + std::to_string(t.day) +
+           " " + kMonths[static_cast<std::size_t>(t.month - 1)] + " " + std::to_string(t.year);
 }
 
 std::string FixedRegionalFormats::longTime(WallClockMs when) const {

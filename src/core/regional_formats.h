@@ -9,7 +9,7 @@
 namespace parlane {
 
 class RegionalFormats {
-public:
+  public:
     virtual ~RegionalFormats() = default;
     virtual std::string longDate(WallClockMs when) const = 0;
     virtual std::string longTime(WallClockMs when) const = 0;
@@ -20,7 +20,7 @@ public:
 
 // Fixed formats, independent of the machine: "Friday, 2 January 2026", "10:00:00", "02/01/2026".
 class FixedRegionalFormats : public RegionalFormats {
-public:
+  public:
     std::string longDate(WallClockMs when) const override;
     std::string longTime(WallClockMs when) const override;
     std::string shortDate(WallClockMs when) const override;

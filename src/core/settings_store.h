@@ -10,7 +10,7 @@
 namespace parlane {
 
 class SettingsStore {
-public:
+  public:
     virtual ~SettingsStore() = default;
     virtual std::optional<std::string> read(const std::string& application,
                                             const std::string& section,
@@ -21,21 +21,21 @@ public:
 
 // Kept in memory: tests and anything that must not touch the disk.
 class MemorySettingsStore : public SettingsStore {
-public:
+  public:
     std::optional<std::string> read(const std::string& application, const std::string& section,
                                     const std::string& key) const override;
-    void write(const std::string& application, const std::string& section,
-               const std::string& key, const std::string& value) override;
+    void write(const std::string& application, const std::string& section, const std::string& key,
+               const std::string& value) override;
     int writeCount() const { return writes_; }
 
-private:
+  private:
     std::map<std::tuple<std::string, std::string, std::string>, std::string> values_;
     int writes_ = 0;
 };
 
 // Reads with defaults in the program's terms: GetSetting and SaveSetting.
 class Settings {
-public:
+  public:
     Settings(SettingsStore& store, std::string application)
         : store_(store), application_(std::move(application)) {}
 
@@ -48,10 +48,9 @@ public:
     // The value as a 16-bit integer; nullopt when the stored text is not one.
     std::optional<std::int16_t> GetSettingInt(const std::string& section, const std::string& key,
                                               std::int16_t defaultValue) const;
-    void SaveSetting(const std::string& section, const std::string& key,
-                     const std::string& value);
+    void SaveSetting(const std::string& section, const std::string& key, const std::string& value);
 
-private:
+  private:
     SettingsStore& store_;
     std::string application_;
 };

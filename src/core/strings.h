@@ -8,7 +8,7 @@
 namespace parlane {
 
 class Strings {
-public:
+  public:
     std::int16_t LanguageOffset = 0;
 
     // The text of bank-1 id `id` in the bank in use; nullopt when that bank lacks it.

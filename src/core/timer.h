@@ -10,7 +10,7 @@
 namespace parlane {
 
 class Timer {
-public:
+  public:
     Timer(EventLoop& loop, std::string name, int intervalMs, bool enabled,
           std::function<void()> handler);
     Timer(const Timer&) = delete;
@@ -24,7 +24,7 @@ public:
     // How many times the handler has been entered (tests look at it).
     int fireCount() const { return fireCount_; }
 
-private:
+  private:
     void fire();
 
     EventLoop& loop_;

@@ -91,7 +91,9 @@ void VirtualEventLoop::waitSecs(double seconds) {
     runTo(now_ + Milliseconds(static_cast<long long>(std::llround(seconds * 1000.0))));
 }
 
-void VirtualEventLoop::advance(Milliseconds duration) { runTo(now_ + duration); }
+void VirtualEventLoop::advance(Milliseconds duration) {
+    runTo(now_ + duration);
+}
 
 bool VirtualEventLoop::runUntil(const std::function<bool()>& predicate) {
     const Milliseconds giveUp = now_ + runUntilLimit_;

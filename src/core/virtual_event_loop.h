@@ -13,7 +13,7 @@
 namespace parlane {
 
 class VirtualEventLoop : public EventLoop {
-public:
+  public:
     // Wall clock at virtual time zero, local time in ms since the epoch.
     explicit VirtualEventLoop(WallClockMs wallClockAtStart = 1767348000000);  // 2026-01-02 10:00
 
@@ -32,7 +32,7 @@ public:
     // Safety net for runUntil: give up after this much virtual time.
     void setRunUntilLimit(Milliseconds limit) { runUntilLimit_ = limit; }
 
-private:
+  private:
     struct TimerSlot {
         std::function<void()> handler;
         Milliseconds interval{0};

@@ -93,8 +93,8 @@ void frmMain::DialCenter() {
     for (;;) {
         // A block of another device, or none, is not forced on this line.
         if (!centre.DevConfig.empty()) {
-            const auto result = tapi.lineSetDevConfig(state.DialDevice, centre.DevConfig,
-                                                      "comm/datamodem");
+            const auto result =
+                tapi.lineSetDevConfig(state.DialDevice, centre.DevConfig, "comm/datamodem");
             if (result != 0) {
                 debugLog.AppendLog("Error " + std::to_string(result) + " - lineSetDevConfig");
                 // Counted like a failed dial, so that the run goes on.

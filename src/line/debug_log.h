@@ -7,12 +7,12 @@
 namespace parlane {
 
 class DebugLog {
-public:
+  public:
     void AppendLog(const std::string& message);
     const std::string& text() const { return text_; }
     std::int64_t lineNumber() const { return lineNumber_; }
 
-private:
+  private:
     std::string text_;
     // Wider than 16 bits on purpose: a long session must not wrap the count.
     std::int64_t lineNumber_ = 0;

@@ -8,7 +8,7 @@
 namespace parlane {
 
 class SerialLink {
-public:
+  public:
     virtual ~SerialLink() = default;
     // `onEvent` may be called from another thread: it must only record and wake the loop.
     virtual bool OpenCommunicationsPort(std::intptr_t handle,

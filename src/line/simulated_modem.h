@@ -13,7 +13,7 @@
 namespace parlane {
 
 class SimulatedModem : public Telephony, public SerialLink {
-public:
+  public:
     explicit SimulatedModem(EventLoop& loop);
 
     void setCallStateHandler(std::function<void(std::uint32_t)> handler) override;
@@ -43,7 +43,7 @@ public:
     const std::string& lastDialled() const { return lastDialled_; }
     const std::string& sent() const { return sent_; }
 
-private:
+  private:
     void deliver(std::uint32_t state);
 
     EventLoop& loop_;

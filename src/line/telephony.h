@@ -20,7 +20,7 @@ inline constexpr std::int32_t LINEMEDIAMODE_DATAMODEM = 16;
 enum class PlaceCallResult { Placed = 0, Failed = -1, LineInUse = 1 };
 
 class Telephony {
-public:
+  public:
     virtual ~Telephony() = default;
 
     // Called with each LINE_CALLSTATE, on the event loop.

@@ -117,7 +117,8 @@ int RunProgram(int argc, char** argv) {
     if (options.demo && !std::filesystem::exists(home.path / "smsc.dat")) {
         WriteDemoCentre(home.path);
         // The simulated modem is the demo's modem.
-        Settings(settingsStore, globals.strings.ProductName()).SaveSetting("FirstRun", "Modem", "4");
+        Settings(settingsStore, globals.strings.ProductName())
+            .SaveSetting("FirstRun", "Modem", "4");
     }
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -142,13 +143,13 @@ int RunProgram(int argc, char** argv) {
     splash.close();
     QApplication::restoreOverrideCursor();
 
-    const bool printStatus = options.printStatus || options.demo ||
-                             QGuiApplication::platformName() == "offscreen";
+    const bool printStatus =
+        options.printStatus || options.demo || QGuiApplication::platformName() == "offscreen";
     const auto started = std::chrono::steady_clock::now();
     if (printStatus) {
         window.onStatus = [started](const std::string& status) {
-            const double s = std::chrono::duration<double>(std::chrono::steady_clock::now() -
-                                                           started).count();
+            const double s =
+                std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
             std::fprintf(stderr, "[%6.1f s] %s\n", s, Cp1252ToUtf8(status).c_str());
         };
     }
@@ -158,7 +159,8 @@ int RunProgram(int argc, char** argv) {
     QTimer demoWatch;
     const auto archiveBefore = OutboxFiles(home.path);
     if (options.demo) {
-        form.txtMessage.Text = "Hello from Parlane: a message on its way through the simulated modem.";
+        form.txtMessage.Text =
+            "Hello from Parlane: a message on its way through the simulated modem.";
         form.txtCountryCode.Text = "44";
         form.txtAreaCode.Text = "07700";
         form.txtNumber.Text = "900123";

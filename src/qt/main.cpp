@@ -1,3 +1,5 @@
 #include "qt/application.h"
 
-int main(int argc, char** argv) { return parlane::RunProgram(argc, argv); }
+int main(int argc, char** argv) {
+    return parlane::RunProgram(argc, argv);
+}

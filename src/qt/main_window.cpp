@@ -25,7 +25,9 @@ MainWindow::MainWindow(frmMain& form) : form_(form) {
     controlsChanged();
 }
 
-std::string MainWindow::caption(int id) const { return form_.LoadResString(id); }
+std::string MainWindow::caption(int id) const {
+    return form_.LoadResString(id);
+}
 
 void MainWindow::run(void (frmMain::*handler)()) {
     (form_.*handler)();
@@ -43,15 +45,15 @@ void MainWindow::buildMenus() {
         connect(action, &QAction::triggered, this, [this, handler] { run(handler); });
         return action;
     };
-    mnuQueue_ = add(file, "mnuQueue", sid::MenuQueue, &frmMain::mnuQueue_Click,
-                    QKeySequence("Ctrl+Q"));
+    mnuQueue_ =
+        add(file, "mnuQueue", sid::MenuQueue, &frmMain::mnuQueue_Click, QKeySequence("Ctrl+Q"));
     file->addSeparator();
     mnuSend_ = add(file, "mnuSend", sid::MenuSend, &frmMain::mnuSend_Click, QKeySequence("F5"));
     file->addSeparator();
-    mnuSendSingle_ = add(file, "mnuSendSingle", sid::MenuSendSingle,
-                         &frmMain::mnuSendSingle_Click, QKeySequence("Shift+F5"));
-    mnuHangUp_ = add(file, "mnuHangUp", sid::MenuHangUp, &frmMain::mnuHangUp_Click,
-                     QKeySequence("Esc"));
+    mnuSendSingle_ = add(file, "mnuSendSingle", sid::MenuSendSingle, &frmMain::mnuSendSingle_Click,
+                         QKeySequence("Shift+F5"));
+    mnuHangUp_ =
+        add(file, "mnuHangUp", sid::MenuHangUp, &frmMain::mnuHangUp_Click, QKeySequence("Esc"));
     file->addSeparator();
     auto* exit = file->addAction(ToQt(caption(sid::MenuExit)));
     exit->setObjectName("mnuExit");

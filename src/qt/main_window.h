@@ -4,12 +4,12 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
 #include <QPlainTextEdit>
-#include <QGroupBox>
 #include <functional>
 
 #include "ui/frm_main.h"
@@ -17,7 +17,7 @@
 namespace parlane {
 
 class MainWindow : public QMainWindow, public FormObserver {
-public:
+  public:
     explicit MainWindow(frmMain& form);
     void statusChanged(const std::string& status) override;
     void controlsChanged() override;
@@ -26,10 +26,10 @@ public:
     // Each status line as it is shown.
     std::function<void(const std::string&)> onStatus;
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
 
-private:
+  private:
     void buildMenus();
     void buildPanels();
     QLineEdit* addLine(const char* name, TextBox& box);

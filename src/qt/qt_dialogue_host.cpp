@@ -11,15 +11,14 @@ namespace parlane {
 int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::string& title) {
     const bool question = flags == MbQuestionYesNo;
     if (QGuiApplication::platformName() == "offscreen") {
-        std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(),
-                     Cp1252ToUtf8(prompt).c_str());
+        std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(), Cp1252ToUtf8(prompt).c_str());
         return question ? AnswerNo : AnswerOk;
     }
     QMessageBox box(owner_);
     box.setWindowTitle(ToQt(title));
     box.setText(ToQt(prompt));
-    box.setIcon(flags == MbCritical     ? QMessageBox::Critical
-                : question              ? QMessageBox::Question
+    box.setIcon(flags == MbCritical      ? QMessageBox::Critical
+                : question               ? QMessageBox::Question
                 : flags == MbExclamation ? QMessageBox::Warning
                                          : QMessageBox::Information);
     if (question) {

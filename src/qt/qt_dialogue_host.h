@@ -9,11 +9,11 @@
 namespace parlane {
 
 class QtDialogueHost : public DialogueHost {
-public:
+  public:
     void setOwner(QWidget* owner) { owner_ = owner; }
     int messageBox(const std::string& prompt, int flags, const std::string& title) override;
 
-private:
+  private:
     QWidget* owner_ = nullptr;
 };
 

@@ -6,7 +6,9 @@
 
 namespace parlane {
 
-QtEventLoop::QtEventLoop() { clock_.start(); }
+QtEventLoop::QtEventLoop() {
+    clock_.start();
+}
 QtEventLoop::~QtEventLoop() = default;
 
 EventLoop::TimerId QtEventLoop::createTimer(std::function<void()> handler) {
@@ -21,13 +23,17 @@ void QtEventLoop::startTimer(TimerId id, Milliseconds interval) {
     timers_.at(static_cast<std::size_t>(id))->start(static_cast<int>(interval.count()));
 }
 
-void QtEventLoop::stopTimer(TimerId id) { timers_.at(static_cast<std::size_t>(id))->stop(); }
+void QtEventLoop::stopTimer(TimerId id) {
+    timers_.at(static_cast<std::size_t>(id))->stop();
+}
 
 void QtEventLoop::post(std::function<void()> fn) {
     QMetaObject::invokeMethod(&context_, std::move(fn), Qt::QueuedConnection);
 }
 
-void QtEventLoop::doEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
+void QtEventLoop::doEvents() {
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
 
 void QtEventLoop::waitSecs(double seconds) {
     const qint64 until = clock_.elapsed() + static_cast<qint64>(seconds * 1000.0);
@@ -44,7 +50,9 @@ bool QtEventLoop::runUntil(const std::function<bool()>& predicate) {
     return true;
 }
 
-Milliseconds QtEventLoop::now() const { return Milliseconds(clock_.elapsed()); }
+Milliseconds QtEventLoop::now() const {
+    return Milliseconds(clock_.elapsed());
+}
 
 WallClockMs QtEventLoop::wallClock() const {
     const QDateTime now = QDateTime::currentDateTime();

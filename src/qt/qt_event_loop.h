@@ -13,7 +13,7 @@
 namespace parlane {
 
 class QtEventLoop : public EventLoop {
-public:
+  public:
     QtEventLoop();
     ~QtEventLoop() override;
     TimerId createTimer(std::function<void()> handler) override;
@@ -26,7 +26,7 @@ public:
     Milliseconds now() const override;
     WallClockMs wallClock() const override;
 
-private:
+  private:
     QObject context_;
     QElapsedTimer clock_;
     std::vector<std::unique_ptr<QTimer>> timers_;

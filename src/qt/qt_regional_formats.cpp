@@ -10,7 +10,9 @@ namespace parlane {
 namespace {
 
 // Wall-clock milliseconds hold local time already: read them as UTC to keep the fields.
-QDateTime Local(WallClockMs when) { return QDateTime::fromMSecsSinceEpoch(when, QTimeZone::utc()); }
+QDateTime Local(WallClockMs when) {
+    return QDateTime::fromMSecsSinceEpoch(when, QTimeZone::utc());
+}
 
 }  // namespace
 

@@ -6,7 +6,7 @@
 namespace parlane {
 
 class QtRegionalFormats : public RegionalFormats {
-public:
+  public:
     std::string longDate(WallClockMs when) const override;
     std::string longTime(WallClockMs when) const override;
     std::string shortDate(WallClockMs when) const override;

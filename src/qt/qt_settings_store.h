@@ -8,14 +8,14 @@
 namespace parlane {
 
 class QtSettingsStore : public SettingsStore {
-public:
+  public:
     explicit QtSettingsStore(QString folder) : folder_(std::move(folder)) {}
     std::optional<std::string> read(const std::string& application, const std::string& section,
                                     const std::string& key) const override;
-    void write(const std::string& application, const std::string& section,
-               const std::string& key, const std::string& value) override;
+    void write(const std::string& application, const std::string& section, const std::string& key,
+               const std::string& value) override;
 
-private:
+  private:
     QString fileFor(const std::string& application) const;
     QString folder_;
 };

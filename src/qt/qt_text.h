@@ -11,6 +11,8 @@ namespace parlane {
 inline QString ToQt(const std::string& cp1252) {
     return QString::fromStdString(Cp1252ToUtf8(cp1252));
 }
-inline std::string FromQt(const QString& text) { return Utf8ToCp1252(text.toStdString()); }
+inline std::string FromQt(const QString& text) {
+    return Utf8ToCp1252(text.toStdString());
+}
 
 }  // namespace parlane

@@ -26,8 +26,12 @@ struct QueuedMessage {
 
 // A table with element 0 in place; count() is the upper bound.
 using MessageTable = std::vector<QueuedMessage>;
-inline MessageTable EmptyMessageTable() { return MessageTable(1); }
-inline int UpperBound(const MessageTable& table) { return static_cast<int>(table.size()) - 1; }
+inline MessageTable EmptyMessageTable() {
+    return MessageTable(1);
+}
+inline int UpperBound(const MessageTable& table) {
+    return static_cast<int>(table.size()) - 1;
+}
 
 bool ReadQueuedMessage(RecordReader& reader, QueuedMessage& out);
 bool WriteQueuedMessage(RecordWriter& writer, const QueuedMessage& message);

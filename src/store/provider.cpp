@@ -9,13 +9,12 @@ namespace parlane {
 
 bool ReadProvider(RecordReader& r, Provider& p) {
     Provider v;
-    const bool ok = r.readString(v.ProviderName) && r.readString(v.Password) &&
-                    r.readString(v.TapiDevice) && r.readString(v.CountryCode) &&
-                    r.readString(v.AreaCode) && r.readString(v.Number) &&
-                    r.readString(v.MaxChars) && r.readInt32(v.Protocol) &&
-                    r.readInt32(v.MultiMessage) && r.readString(v.AllowASCII) &&
-                    r.readByteArray(v.DevConfig) && r.readString(v.MaxMessages) &&
-                    r.readString(v.UCPOperation);
+    const bool ok =
+        r.readString(v.ProviderName) && r.readString(v.Password) && r.readString(v.TapiDevice) &&
+        r.readString(v.CountryCode) && r.readString(v.AreaCode) && r.readString(v.Number) &&
+        r.readString(v.MaxChars) && r.readInt32(v.Protocol) && r.readInt32(v.MultiMessage) &&
+        r.readString(v.AllowASCII) && r.readByteArray(v.DevConfig) && r.readString(v.MaxMessages) &&
+        r.readString(v.UCPOperation);
     if (ok) p = std::move(v);
     return ok;
 }

@@ -94,7 +94,9 @@ bool frmMain::ResetQueueBuffer() {
     return true;
 }
 
-void frmMain::AddQueueRow(const QueuedMessage& message) { MessageQueue.AddItem(QueueRowText(message)); }
+void frmMain::AddQueueRow(const QueuedMessage& message) {
+    MessageQueue.AddItem(QueueRowText(message));
+}
 
 void frmMain::RemoveQueuedMessageRow(int row) {
     RemoveQueuedMessage(QueueBuffer, row + 1);
@@ -148,7 +150,8 @@ void frmMain::SaveQueueAtExit() {
     // Messages of a run in progress and a stashed queue are saved too: a close loses nothing.
     const MessageTable pending = PendingMessages();
     if (UpperBound(pending) > 0) {
-        if (!WriteQueueFile(pending, LoadResString(sid::SavingMessageQueue))) return;  // journal stays
+        if (!WriteQueueFile(pending, LoadResString(sid::SavingMessageQueue)))
+            return;  // journal stays
     }
     RemoveFile(homePath(kJournalFile));
 }

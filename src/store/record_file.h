@@ -14,7 +14,7 @@ namespace parlane {
 inline constexpr std::size_t kMaxRecordString = 65535;
 
 class RecordReader {
-public:
+  public:
     explicit RecordReader(std::string_view bytes) : bytes_(bytes) {}
 
     // Each read fails (returns false and marks the reader damaged) when the bytes run out or a
@@ -28,7 +28,7 @@ public:
     bool damaged() const { return damaged_; }
     std::size_t size() const { return bytes_.size(); }
 
-private:
+  private:
     bool fail();
     std::string_view bytes_;
     std::size_t pos_ = 0;
@@ -36,7 +36,7 @@ private:
 };
 
 class RecordWriter {
-public:
+  public:
     // False when the text is longer than a record string can hold; nothing is written then.
     bool writeString(std::string_view text);
     void writeInt32(std::int32_t value);
@@ -44,7 +44,7 @@ public:
     const std::string& bytes() const { return bytes_; }
     std::string take() { return std::move(bytes_); }
 
-private:
+  private:
     std::string bytes_;
 };
 

@@ -18,7 +18,8 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
       timSendCR(platform.loop, "timSendCR", 2000, false, [this] { timSendCR_Timer(), changed(); }),
       timUnloadfrmResponse(platform.loop, "timUnloadfrmResponse", 500, false,
                            [this] { timUnloadfrmResponse_Timer(), changed(); }),
-      timAnimate(platform.loop, "timAnimate", 1000, true, [this] { timAnimate_Timer(), changed(); }),
+      timAnimate(platform.loop, "timAnimate", 1000, true,
+                 [this] { timAnimate_Timer(), changed(); }),
       tmrCommandLine(platform.loop, "tmrCommandLine", 5000, false,
                      [this] { tmrCommandLine_Timer(), changed(); }),
       tmrCommandCompleted(platform.loop, "tmrCommandCompleted", 500, false,
@@ -35,9 +36,13 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
     });
 }
 
-frmMain::~frmMain() { platform_.telephony.setCallStateHandler(nullptr); }
+frmMain::~frmMain() {
+    platform_.telephony.setCallStateHandler(nullptr);
+}
 
-void frmMain::ShowStatus(const std::string& text) { setStatusRaw(text + "  "); }
+void frmMain::ShowStatus(const std::string& text) {
+    setStatusRaw(text + "  ");
+}
 
 void frmMain::setStatusRaw(const std::string& text) {
     lblInfo.Caption = text;
@@ -45,14 +50,15 @@ void frmMain::setStatusRaw(const std::string& text) {
 }
 
 int frmMain::ShowMessageBox(const std::string& prompt, int flags) {
-    const int answer = platform_.dialogues.messageBox(prompt, flags, globals_.strings.ProductName());
+    const int answer =
+        platform_.dialogues.messageBox(prompt, flags, globals_.strings.ProductName());
     changed();
     return answer;
 }
 
 std::string frmMain::DefaultCentre() const {
-    return settings_.GetSetting("SMSC", "Default",
-                                DefaultCentreName(globals_.EditionItaly, globals_.EditionAustralia));
+    return settings_.GetSetting(
+        "SMSC", "Default", DefaultCentreName(globals_.EditionItaly, globals_.EditionAustralia));
 }
 
 void frmMain::changed() {
@@ -63,7 +69,9 @@ void frmMain::changed() {
     if (observer_) observer_->controlsChanged();
 }
 
-void frmMain::WaitSecs(double seconds) { platform_.loop.waitSecs(seconds); }
+void frmMain::WaitSecs(double seconds) {
+    platform_.loop.waitSecs(seconds);
+}
 
 // The online picture runs while a call is up.
 void frmMain::timAnimate_Timer() {
@@ -76,8 +84,14 @@ void frmMain::timAnimate_Timer() {
 void frmMain::timCommEvent_Timer() {}
 void frmMain::timResponse_Timer() {}
 void frmMain::timSendCR_Timer() {}
-void frmMain::timUnloadfrmResponse_Timer() { timUnloadfrmResponse.setEnabled(false); }
-void frmMain::tmrCommandLine_Timer() { tmrCommandLine.setEnabled(false); }
-void frmMain::tmrCommandCompleted_Timer() { tmrCommandCompleted.setEnabled(false); }
+void frmMain::timUnloadfrmResponse_Timer() {
+    timUnloadfrmResponse.setEnabled(false);
+}
+void frmMain::tmrCommandLine_Timer() {
+    tmrCommandLine.setEnabled(false);
+}
+void frmMain::tmrCommandCompleted_Timer() {
+    tmrCommandCompleted.setEnabled(false);
+}
 
 }  // namespace parlane

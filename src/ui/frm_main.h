@@ -49,7 +49,7 @@ struct Platform {
 
 // Told about changes so that a view can mirror them.
 class FormObserver {
-public:
+  public:
     virtual ~FormObserver() = default;
     virtual void statusChanged(const std::string& /*status*/) {}
     // Anything else may have changed: re-read the fields.
@@ -57,7 +57,7 @@ public:
 };
 
 class frmMain {
-public:
+  public:
     frmMain(Platform platform, ProgramGlobals& globals);
     ~frmMain();
     frmMain(const frmMain&) = delete;
@@ -118,7 +118,7 @@ public:
     std::array<bool, 14> picToolIconsEnabled{};
     ProgressBar progress;
     std::string focusedControl;
-    int busyDepth = 0;  // the hourglass shows while above 0
+    int busyDepth = 0;                    // the hourglass shows while above 0
     int MainLeft = 1000, MainTop = 1000;  // twips
     bool minimised = false;
     int onlineFrame = 0;  // picture of the online indicator, 0 to 3
@@ -142,7 +142,7 @@ public:
     const ProgramGlobals& globals() const { return globals_; }
     std::filesystem::path homePath(const std::string& name) const { return platform_.home / name; }
 
-private:
+  private:
     friend class BusyCursor;
     void timSendMessages_Timer();
     void timSafetyTimer_Timer();
@@ -181,12 +181,11 @@ private:
     void queueChanged() { queueDirty_ = true; }
     void RemoveSentMessageFromRun();
 
-public:
+  public:
     // Tells the view, and keeps the journal current. Every command and timer ends with it.
     void changed();
 
-private:
-
+  private:
     Platform platform_;
     ProgramGlobals& globals_;
     Settings settings_;
@@ -199,13 +198,13 @@ private:
 
 // Shows the hourglass for a scope and restores it on every path.
 class BusyCursor {
-public:
+  public:
     explicit BusyCursor(frmMain& form) : form_(form) { ++form_.busyDepth; }
     ~BusyCursor() { --form_.busyDepth; }
     BusyCursor(const BusyCursor&) = delete;
     BusyCursor& operator=(const BusyCursor&) = delete;
 
-private:
+  private:
     frmMain& form_;
 };
 

@@ -129,7 +129,9 @@ void frmMain::SelectDefaultCentre() {
     Services.select(row);
 }
 
-void frmMain::Form_QueryUnload() { SaveQueueAtExit(); }
+void frmMain::Form_QueryUnload() {
+    SaveQueueAtExit();
+}
 
 void frmMain::Form_Unload() {
     if (!minimised) {

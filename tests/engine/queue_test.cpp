@@ -50,7 +50,8 @@ TEST(Queue, ChecksInOrderThenQueuesWithRunningNumbers) {
     ASSERT_EQ(UpperBound(f.QueueBuffer), 2);
     EXPECT_EQ(f.QueueBuffer[1], (QueuedMessage{"44", "07", "1234", "first", 1, 0, "Beta"}));
     EXPECT_EQ(f.QueueBuffer[2].MessageNumber, 2);
-    EXPECT_EQ(f.MessageQueue.rows, (std::vector<std::string>{"Beta 44 07 1234", "Beta 44 07 1234"}));
+    EXPECT_EQ(f.MessageQueue.rows,
+              (std::vector<std::string>{"Beta 44 07 1234", "Beta 44 07 1234"}));
     EXPECT_EQ(f.MessageQueue.ListIndex, 1);
     EXPECT_EQ(f.txtMessageQueue.Text, "second");
     EXPECT_TRUE(f.txtMessage.Text.empty());
@@ -85,7 +86,9 @@ TEST(Queue, UnknownCentreIsArchivedNotQueued) {
     const auto text = p.archiveFile(files[0]);
     EXPECT_NE(text.find("Status: \tSMSC Details not Found\r\n"), std::string::npos);
     EXPECT_NE(text.find("Using: \tUnknown SMSC\r\n"), std::string::npos);
-    EXPECT_NE(text.find("Sent To: \t+447" "1234\r\n"), std::string::npos);
+    EXPECT_NE(text.find("Sent To: \t+447"
+                        "1234\r\n"),
+              std::string::npos);
 
     // A longer name still finds its centre by prefix.
     f.Services.Text = "Vodafone TAP";
@@ -134,7 +137,10 @@ TEST(QueueFile, OddFilesAtStart) {
     } cases[] = {
         {"", "", 0, false},
         {std::string(18, '\0'), "", 0, false},
-        {std::string(18, '\0') + std::string("\x02\x00" "44", 4), "", 0, true},
+        {std::string(18, '\0') + std::string("\x02\x00"
+                                             "44",
+                                             4),
+         "", 0, true},
     };
     for (const auto& c : cases) {
         TestPlatform p;
@@ -207,8 +213,10 @@ TEST(SingleRun, StashedQueueComesBackAfterTheRun) {
     EXPECT_EQ(UpperBound(f.QueueBuffer), 1);
     EXPECT_EQ(f.lblInfo.Caption, "Waiting to Send  ");
     // One dial, the far end hangs up, the second pass gives the message up, the run ends.
-    p.loop.runUntil([&] { return f.lblInfo.Caption == "1 Message in Queue" ||
-                                 f.lblInfo.Caption == "2 Messages in Queue"; });
+    p.loop.runUntil([&] {
+        return f.lblInfo.Caption == "1 Message in Queue" ||
+               f.lblInfo.Caption == "2 Messages in Queue";
+    });
     EXPECT_EQ(UpperBound(f.QueueBuffer), 2);
     EXPECT_EQ(f.QueueBuffer[1].Text, "a");
     EXPECT_FALSE(f.timCheckSingleMessageSent.Enabled());

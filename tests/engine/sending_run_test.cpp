@@ -29,8 +29,7 @@ struct RunFixture : ::testing::Test {
         return out;
     }
     bool saw(const std::string& status) const {
-        return std::find(p.statusLines.begin(), p.statusLines.end(), status) !=
-               p.statusLines.end();
+        return std::find(p.statusLines.begin(), p.statusLines.end(), status) != p.statusLines.end();
     }
 };
 
@@ -69,7 +68,8 @@ TEST_F(RunFixture, DialAttemptsRunOutAndTheMessageIsArchived) {
     p.line.farEndHangUpAfterMs = 2000;
     queue("doomed");
     f->mnuSend_Click();
-    p.loop.runUntil([&] { return f->lblInfo.Caption == "There are no more messages in the queue  "; });
+    p.loop.runUntil(
+        [&] { return f->lblInfo.Caption == "There are no more messages in the queue  "; });
     EXPECT_EQ(p.line.dialled.size(), 3u);
     EXPECT_TRUE(saw("Failed - Dialling Again  2  "));
     EXPECT_TRUE(saw("Failed - Dialling Again  3  "));
@@ -224,8 +224,8 @@ TEST_F(RunFixture, CallStatesActOnceAndCloseInOrder) {
     EXPECT_TRUE(f->timSendCR.Enabled());  // TAP waits for "ID=" with CR nudges
     p.line.sendState(LINECALLSTATE_DISCONNECTED);
     p.line.sendState(LINECALLSTATE_IDLE);
-    EXPECT_EQ(p.line.log, (std::vector<std::string>{"open port", "drop", "deallocate",
-                                                    "close line"}));
+    EXPECT_EQ(p.line.log,
+              (std::vector<std::string>{"open port", "drop", "deallocate", "close line"}));
     EXPECT_EQ(f->lblInfo.Caption, "Disconnected  ");
     EXPECT_FALSE(f->state.DialPending);
     EXPECT_TRUE(f->timSendMessages.Enabled());
@@ -247,9 +247,9 @@ TEST_F(RunFixture, FailedLineSetupEndsTheAttemptAndTheRunGoesOn) {
     Compose(g, "y");
     g.mnuSend_Click();
     q.loop.advance(Milliseconds(4000));
-    EXPECT_NE(std::find(q.statusLines.begin(), q.statusLines.end(),
-                        "Unable to Open Line - Retrying  "),
-              q.statusLines.end());
+    EXPECT_NE(
+        std::find(q.statusLines.begin(), q.statusLines.end(), "Unable to Open Line - Retrying  "),
+        q.statusLines.end());
     EXPECT_EQ(UpperBound(g.SendBuffer), 0);
     EXPECT_NE(std::find(q.line.log.begin(), q.line.log.end(), "shutdown"), q.line.log.end());
 }

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <thread>

@@ -45,10 +45,10 @@ Provider TestCentre() {
 }
 
 TEST(RecordFiles, ProviderAndQueueRecordsAreByteExact) {
-    const std::string provider = Hex(
-        "04 00 54 65 73 74, 00 00, 01 00 30, 02 00 34 34, 02 00 30 37, 04 00 31 32 33 34, "
-        "03 00 31 36 30, 00 00 00 00, 01 00 00 00, 01 00 30, "
-        "01 00 02 00 00 00 00 00 00 00 AA BB, 01 00 33, 02 00 30 31");
+    const std::string provider =
+        Hex("04 00 54 65 73 74, 00 00, 01 00 30, 02 00 34 34, 02 00 30 37, 04 00 31 32 33 34, "
+            "03 00 31 36 30, 00 00 00 00, 01 00 00 00, 01 00 30, "
+            "01 00 02 00 00 00 00 00 00 00 AA BB, 01 00 33, 02 00 30 31");
     std::string error;
     EXPECT_EQ(SerializeProviderFile({TestCentre()}, error), provider);
     auto read = ParseProviderFile(provider);
@@ -59,9 +59,9 @@ TEST(RecordFiles, ProviderAndQueueRecordsAreByteExact) {
     QueuedMessage m{"44", "07", "1234", "Hi", 1, 0, "Test"};
     MessageTable table = EmptyMessageTable();
     table.push_back(m);
-    const std::string queue = std::string(18, '\0') +
-                              Hex("02 00 34 34, 02 00 30 37, 04 00 31 32 33 34, 02 00 48 69, "
-                                  "01 00 00 00, 00 00 00 00, 04 00 54 65 73 74");
+    const std::string queue =
+        std::string(18, '\0') + Hex("02 00 34 34, 02 00 30 37, 04 00 31 32 33 34, 02 00 48 69, "
+                                    "01 00 00 00, 00 00 00 00, 04 00 54 65 73 74");
     EXPECT_EQ(SerializeQueueFile(table, error), queue);
     EXPECT_EQ(ParseQueueFile(queue).records, table);
 
@@ -78,13 +78,14 @@ TEST(RecordFiles, DamagedFilesKeepTheWholeRecordsBeforeTheDamage) {
     const std::string bytes = SerializeQueueFile(table, error);
     std::vector<std::size_t> boundaries = {0};
     RecordReader probe(bytes);
-    for (QueuedMessage skip; ReadQueuedMessage(probe, skip);) boundaries.push_back(probe.position());
+    for (QueuedMessage skip; ReadQueuedMessage(probe, skip);)
+        boundaries.push_back(probe.position());
     for (std::size_t cut = 0; cut <= bytes.size(); ++cut) {
         auto read = ReadRecordTable<QueuedMessage>(std::string_view(bytes).substr(0, cut),
                                                    ReadQueuedMessage);
         // A cut exactly between records is a shorter, healthy file.
-        const auto whole = std::upper_bound(boundaries.begin(), boundaries.end(), cut) -
-                           boundaries.begin() - 1;
+        const auto whole =
+            std::upper_bound(boundaries.begin(), boundaries.end(), cut) - boundaries.begin() - 1;
         EXPECT_EQ(read.damaged, cut != boundaries[static_cast<std::size_t>(whole)]) << cut;
         EXPECT_EQ(read.records.size(), static_cast<std::size_t>(whole)) << cut;
     }

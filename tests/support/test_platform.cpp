@@ -22,7 +22,9 @@ bool FakeLine::InitTelephony() {
     log.push_back("init");
     return true;
 }
-void FakeLine::ShutdownTelephony() { log.push_back("shutdown"); }
+void FakeLine::ShutdownTelephony() {
+    log.push_back("shutdown");
+}
 bool FakeLine::OpenLine(int device) {
     log.push_back("open line " + std::to_string(device));
     return openLineSucceeds;
@@ -66,7 +68,9 @@ PlaceCallResult FakeLine::PlaceCall(const std::string& dialable, std::int32_t) {
     }
     return r;
 }
-void FakeLine::DropCall() { log.push_back("drop"); }
+void FakeLine::DropCall() {
+    log.push_back("drop");
+}
 std::int32_t FakeLine::tapiGetLocationInfo(std::string& code) {
     code = countryCode;
     return 0;

@@ -16,7 +16,7 @@
 namespace parlane::testing {
 
 class ScriptedDialogues : public DialogueHost {
-public:
+  public:
     struct Shown {
         std::string prompt;
         int flags;
@@ -29,7 +29,7 @@ public:
 
 // A line whose events the test sends; it records what the engine asked of it.
 class FakeLine : public Telephony, public SerialLink {
-public:
+  public:
     explicit FakeLine(EventLoop& loop) : loop_(loop) {}
     void setCallStateHandler(std::function<void(std::uint32_t)> h) override { handler = h; }
     bool InitTelephony() override;
@@ -57,8 +57,8 @@ public:
     }
 
     std::function<void(std::uint32_t)> handler;
-    std::vector<std::string> log;      // operations in order
-    std::vector<std::string> dialled;  // dialable strings of placed calls
+    std::vector<std::string> log;              // operations in order
+    std::vector<std::string> dialled;          // dialable strings of placed calls
     std::deque<PlaceCallResult> placeResults;  // Placed when empty
     bool openLineSucceeds = true;
     std::int32_t setDevConfigResult = 0;
@@ -70,7 +70,7 @@ public:
     int autoConnectMs = 0;
     int farEndHangUpAfterMs = 0;
 
-private:
+  private:
     EventLoop& loop_;
 };
 
@@ -98,7 +98,7 @@ struct TestPlatform {
     std::unique_ptr<frmMain> main;
     std::vector<std::string> statusLines;  // every status line shown, in order
 
-private:
+  private:
     struct Recorder;
     std::unique_ptr<Recorder> recorder_;
 };
