@@ -23,6 +23,9 @@ class EventLoop {
     virtual void startTimer(TimerId id, Milliseconds interval) = 0;
     virtual void stopTimer(TimerId id) = 0;
 
+    // Runs fn once, `delay` from now, on the loop's thread.
+    virtual void singleShot(Milliseconds delay, std::function<void()> fn) = 0;
+
     // Safe to call from any thread: runs fn on the loop's thread soon.
     virtual void post(std::function<void()> fn) = 0;
     // Runs what is pending now, once, without waiting.

@@ -24,6 +24,10 @@ void VirtualEventLoop::stopTimer(TimerId id) {
     ++slot.generation;
 }
 
+void VirtualEventLoop::singleShot(Milliseconds delay, std::function<void()> fn) {
+    oneShots_.emplace(std::make_pair(now_ + delay, oneShotSequence_++), std::move(fn));
+}
+
 void VirtualEventLoop::post(std::function<void()> fn) {
     std::lock_guard lock(postedMutex_);
     posted_.push_back(std::move(fn));
@@ -52,6 +56,13 @@ bool VirtualEventLoop::fireNextDue(Milliseconds limit) {
         if (!t.due || *t.due > limit) continue;
         if (!best || *t.due < *timers_[*best].due) best = i;
     }
+    if (!oneShots_.empty() && oneShots_.begin()->first.first <= limit &&
+        (!best || oneShots_.begin()->first.first <= *timers_[*best].due)) {
+        auto node = oneShots_.extract(oneShots_.begin());
+        if (node.key().first > now_) now_ = node.key().first;
+        node.mapped()();
+        return true;
+    }
     if (!best) return false;
     auto& slot = timers_[*best];
     if (*slot.due > now_) now_ = *slot.due;
@@ -68,6 +79,10 @@ void VirtualEventLoop::doEvents() {
     std::vector<std::pair<std::size_t, std::uint64_t>> due;
     for (std::size_t i = 0; i < timers_.size(); ++i)
         if (timers_[i].due && *timers_[i].due <= now_) due.emplace_back(i, timers_[i].generation);
+    while (!oneShots_.empty() && oneShots_.begin()->first.first <= now_) {
+        auto node = oneShots_.extract(oneShots_.begin());
+        node.mapped()();
+    }
     for (auto [i, generation] : due) {
         auto& slot = timers_[i];
         if (slot.generation != generation || !slot.due || *slot.due > now_) continue;

@@ -20,6 +20,7 @@ class VirtualEventLoop : public EventLoop {
     TimerId createTimer(std::function<void()> handler) override;
     void startTimer(TimerId id, Milliseconds interval) override;
     void stopTimer(TimerId id) override;
+    void singleShot(Milliseconds delay, std::function<void()> fn) override;
     void post(std::function<void()> fn) override;
     void doEvents() override;
     void waitSecs(double seconds) override;
@@ -48,6 +49,9 @@ class VirtualEventLoop : public EventLoop {
     Milliseconds now_{0};
     Milliseconds runUntilLimit_{std::chrono::hours(24)};
     std::vector<TimerSlot> timers_;
+    // One-shot calls by due time; the sequence keeps equal times in order of scheduling.
+    std::map<std::pair<Milliseconds, std::uint64_t>, std::function<void()>> oneShots_;
+    std::uint64_t oneShotSequence_ = 0;
     std::mutex postedMutex_;
     std::deque<std::function<void()>> posted_;
 };

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "engine/text_buffer.h"
+
 namespace parlane {
 
 struct SendCounters {
@@ -23,8 +25,8 @@ struct SendState {
     bool MoreInCall = false;
     std::string CenterPassword;
     std::string ExpectedPrompt;
-    std::string ReceiveBuffer;
-    std::string UcpReceiveBuffer;
+    TextBuffer ReceiveBuffer;
+    TextBuffer UcpReceiveBuffer;
     bool LineInUseRetry = false;
     std::int16_t StopPressed = 0;
     std::int16_t MaxDialAttempts = 3;

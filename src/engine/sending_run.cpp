@@ -157,7 +157,10 @@ void frmMain::SendNextMessage() {
                std::to_string(head.MessageNumber));
     ApplyBlockRule(head, centre);
     ShowMessageInPanel(head);
-    // The dialogues take it from here: the TAP block or the UCP frame of the head message.
+    if (centre.Protocol == ProtocolUcp)
+        SendUcpFrame(head, centre);
+    else
+        SendTapBlock(head, centre);
 }
 
 }  // namespace parlane

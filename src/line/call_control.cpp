@@ -150,6 +150,8 @@ void frmMain::HangUp() {
     timResponse.setEnabled(false);
     timUnloadfrmResponse.setEnabled(false);
     ShowStatus(LoadResString(sid::Disconnecting));
+    // A prompt about this call's silence must not outlive the call.
+    if (frmNoResponse.Visible) closeNoResponse(3);
     CloseCommPort();
     if (state.CallActive) platform_.telephony.DropCall();
     SetIdleLook();
@@ -186,9 +188,9 @@ void frmMain::CloseCommPort() {
 
 void frmMain::OpenCommPort() {
     const auto handle = platform_.telephony.GetCommHandle();
-    const bool opened = platform_.serial.OpenCommunicationsPort(handle, [this](int) {
-        // May come from the serial reader's thread: only wake the loop.
-        platform_.loop.post([this] { timCommEvent.setEnabled(true); });
+    const bool opened = platform_.serial.OpenCommunicationsPort(handle, [this](std::int32_t code) {
+        // May come from the serial reader's thread: hand the code to the loop, nothing else.
+        platform_.loop.post([this, code] { OnCommEvent(code); });
     });
     if (!opened) {
         debugLog.AppendLog("Failed to Open Comm Port");

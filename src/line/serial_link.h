@@ -1,23 +1,32 @@
 #pragma once
-// The serial library's contract for the bytes of a call.
+// The serial library's contract for the bytes of a call: it takes over the port that telephony
+// opened, tells the program when characters wait, hands them over, and writes bytes unchanged.
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
 
 namespace parlane {
 
+inline constexpr std::size_t kRxBufferSize = 1000;
+using RxBufferArray = std::array<std::uint8_t, kRxBufferSize>;
+
 class SerialLink {
-  public:
+public:
     virtual ~SerialLink() = default;
-    // `onEvent` may be called from another thread: it must only record and wake the loop.
+    // `onCommEvent` may be called from another thread: it must only record the code and wake the
+    // loop. Code 1 means characters wait. Returns false when the port cannot be taken over.
     virtual bool OpenCommunicationsPort(std::intptr_t handle,
-                                        std::function<void(int eventCode)> onEvent) = 0;
-    // Harmless when the port is not open.
+                                        std::function<void(std::int32_t code)> onCommEvent) = 0;
+    // Harmless when nothing is open; false then.
     virtual bool CloseCommunicationsPort() = 0;
+    // Stores at most 1000 bytes from index 0, bytes not returned before, in order; returns the
+    // count, 0 on error. Bytes still held back bring a further event.
+    virtual int GetRxCharacters(RxBufferArray& buffer) = 0;
+    // Both write all the bytes, in order with earlier writes; results are not looked at.
     virtual bool TxChars(const std::string& bytes) = 0;
-    // Up to `maximum` bytes that have arrived.
-    virtual std::string RxChars(std::size_t maximum) = 0;
+    virtual bool TxCharacters(const std::string& bytes) { return TxChars(bytes); }
 };
 
 }  // namespace parlane

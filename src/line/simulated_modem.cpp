@@ -2,20 +2,10 @@
 
 namespace parlane {
 
-SimulatedModem::SimulatedModem(EventLoop& loop) : loop_(loop) {
-    connectTimer_ = loop_.createTimer([this] {
-        loop_.stopTimer(connectTimer_);
-        deliver(LINECALLSTATE_CONNECTED);
-        loop_.startTimer(farEndDropTimer_, Milliseconds(5000));
-    });
-    farEndDropTimer_ = loop_.createTimer([this] {
-        loop_.stopTimer(farEndDropTimer_);
-        deliver(LINECALLSTATE_DISCONNECTED);
-    });
-    idleTimer_ = loop_.createTimer([this] {
-        loop_.stopTimer(idleTimer_);
-        deliver(LINECALLSTATE_IDLE);
-    });
+SimulatedModem::SimulatedModem(EventLoop& loop, std::uint32_t seed) : loop_(loop), random_(seed) {}
+
+SimulatedModem::~SimulatedModem() {
+    *alive_ = false;
 }
 
 void SimulatedModem::setCallStateHandler(std::function<void(std::uint32_t)> handler) {
@@ -26,24 +16,69 @@ void SimulatedModem::deliver(std::uint32_t state) {
     if (handler_) handler_(state);
 }
 
+bool SimulatedModem::OpenLine(int device) {
+    return device == 0 && !lineOpenFails_;
+}
+
 std::int32_t SimulatedModem::lineTranslateAddress(int, const std::string& canonical,
                                                   std::string& dialable) {
     dialable.clear();
     for (char c : canonical)
-        if ((c >= '0' && c <= '9') || c == '+') dialable += c;
+        if ((c >= '0' && c <= '9') || (c == '+' && dialable.empty())) dialable += c;
     return 0;
+}
+
+void SimulatedModem::later(Milliseconds delay, std::function<void()> fn) {
+    const auto generation = callGeneration_;
+    std::weak_ptr<bool> alive = alive_;
+    loop_.singleShot(delay, [this, alive, generation, fn = std::move(fn)] {
+        if (alive.expired() || generation != callGeneration_) return;
+        fn();
+    });
 }
 
 PlaceCallResult SimulatedModem::PlaceCall(const std::string& dialable, std::int32_t) {
     lastDialled_ = dialable;
-    loop_.startTimer(connectTimer_, Milliseconds(3000));
+    endCall();
+    const int attempt = attempts_[dialable]++;
+    CentreChoice choice = CentreForNumber(dialable, attempt);
+    line_ = choice.line;
+    centre_ = std::move(choice.centre);
+    if (attempt < line_.busyAttempts) {
+        later(Milliseconds(2000), [this] { deliver(LINECALLSTATE_DISCONNECTED); });
+        return PlaceCallResult::Placed;
+    }
+    if (line_.noAnswer) {
+        later(Milliseconds(45000), [this] { deliver(LINECALLSTATE_DISCONNECTED); });
+        return PlaceCallResult::Placed;
+    }
+    later(Milliseconds(line_.answerAfterMs), [this] {
+        callUp_ = true;
+        deliver(LINECALLSTATE_CONNECTED);
+        if (line_.burstBytes > 0) {
+            std::string junk;
+            for (int i = 0; i < line_.burstBytes; ++i)
+                junk += static_cast<char>(0x80 + random_() % 0x80);
+            arrive(junk);
+        }
+        if (centre_) centre_->connected(*this);
+        if (line_.dropAfterMs > 0) later(Milliseconds(line_.dropAfterMs), [this] { hangUp(); });
+    });
     return PlaceCallResult::Placed;
 }
 
+void SimulatedModem::endCall() {
+    ++callGeneration_;
+    callUp_ = false;
+    pending_.clear();
+}
+
 void SimulatedModem::DropCall() {
-    loop_.stopTimer(connectTimer_);
-    loop_.stopTimer(farEndDropTimer_);
-    loop_.startTimer(idleTimer_, Milliseconds(200));
+    endCall();
+    std::weak_ptr<bool> alive = alive_;
+    loop_.singleShot(Milliseconds(200), [this, alive] {
+        if (!alive.expired()) deliver(LINECALLSTATE_IDLE);
+    });
 }
 
 std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode) {
@@ -51,27 +86,88 @@ std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode) {
     return 0;
 }
 
-bool SimulatedModem::OpenCommunicationsPort(std::intptr_t, std::function<void(int)>) {
+bool SimulatedModem::OpenCommunicationsPort(std::intptr_t,
+                                            std::function<void(std::int32_t)> onEvent) {
+    if (!callUp_) return false;
     portOpen_ = true;
+    onCommEvent_ = std::move(onEvent);
+    if (!pending_.empty()) notify();
     return true;
 }
 
 bool SimulatedModem::CloseCommunicationsPort() {
-    const bool wasOpen = portOpen_;
-    portOpen_ = false;
-    return wasOpen;
-}
-
-bool SimulatedModem::TxChars(const std::string& bytes) {
     if (!portOpen_) return false;
-    sent_ += bytes;
+    portOpen_ = false;
+    onCommEvent_ = nullptr;
     return true;
 }
 
-std::string SimulatedModem::RxChars(std::size_t maximum) {
-    std::string out = pending_.substr(0, maximum);
-    pending_.erase(0, out.size());
-    return out;
+void SimulatedModem::notify() {
+    if (portOpen_ && onCommEvent_) onCommEvent_(1);
+}
+
+int SimulatedModem::GetRxCharacters(RxBufferArray& buffer) {
+    if (!portOpen_) return 0;
+    const std::size_t n = std::min(pending_.size(), buffer.size());
+    for (std::size_t i = 0; i < n; ++i) buffer[i] = static_cast<std::uint8_t>(pending_[i]);
+    pending_.erase(0, n);
+    // What is still held back brings a further event.
+    if (!pending_.empty())
+        loop_.post([this, alive = std::weak_ptr<bool>(alive_)] {
+            if (!alive.expired()) notify();
+        });
+    return static_cast<int>(n);
+}
+
+bool SimulatedModem::TxChars(const std::string& bytes) {
+    if (!portOpen_ || !callUp_) return false;
+    if (onTraffic) onTraffic(true, bytes);
+    // The centre hears the bytes a moment later, never inside the program's own write.
+    later(Milliseconds(50), [this, bytes] {
+        if (centre_) centre_->received(bytes);
+    });
+    return true;
+}
+
+void SimulatedModem::arrive(const std::string& bytes) {
+    if (!callUp_) return;
+    if (onTraffic) onTraffic(false, bytes);
+    pending_ += bytes;
+    notify();
+}
+
+void SimulatedModem::sendToProgram(std::string bytes) {
+    if (line_.noise) {
+        // Line noise in the high half: a seven-bit dialogue never sees it.
+        std::string noisy;
+        for (char c : bytes) {
+            if (random_() % 4 == 0) noisy += static_cast<char>(0x80 + random_() % 0x80);
+            noisy += c;
+        }
+        bytes = std::move(noisy);
+    }
+    if (!line_.splitChunks || bytes.size() < 2) {
+        arrive(bytes);
+        return;
+    }
+    int delay = 0;
+    for (std::size_t pos = 0; pos < bytes.size();) {
+        const std::size_t piece = 1 + random_() % 4;
+        delay += 30 + static_cast<int>(random_() % 60);
+        later(Milliseconds(delay), [this, part = bytes.substr(pos, piece)] { arrive(part); });
+        pos += piece;
+    }
+}
+
+void SimulatedModem::after(Milliseconds delay, std::function<void()> fn) {
+    later(delay, std::move(fn));
+}
+
+void SimulatedModem::hangUp() {
+    later(Milliseconds(100), [this] {
+        callUp_ = false;
+        deliver(LINECALLSTATE_DISCONNECTED);
+    });
 }
 
 }  // namespace parlane

@@ -47,7 +47,7 @@ void WriteDemoCentre(const std::filesystem::path& home) {
     demo.TapiDevice = "0";
     demo.CountryCode = "44";
     demo.AreaCode = "0800";
-    demo.Number = "100200";
+    demo.Number = "100100";
     demo.MaxChars = "160";
     demo.Protocol = ProtocolTap;
     demo.MultiMessage = 1;
@@ -154,6 +154,19 @@ int RunProgram(int argc, char** argv) {
         };
     }
     window.onClosed = [] { QApplication::quit(); };
+    if (options.demo) {
+        // The demo shows the bytes on the line too, control bytes as <n>.
+        modem.onTraffic = [started](bool toCentre, const std::string& bytes) {
+            std::string shown;
+            for (unsigned char c : bytes)
+                shown += c < 0x20 || c >= 0x7F ? "<" + std::to_string(c) + ">"
+                                               : std::string(1, static_cast<char>(c));
+            const double s =
+                std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
+            std::fprintf(stderr, "[%6.1f s]     %s %s\n", s,
+                         toCentre ? "to centre  " : "from centre", shown.c_str());
+        };
+    }
     window.show();
 
     QTimer demoWatch;

@@ -193,12 +193,35 @@ void MainWindow::controlsChanged() {
     else if (form_.busyDepth == 0 && QApplication::overrideCursor())
         QApplication::restoreOverrideCursor();
 
+    mirrorNoResponse();
     const QString focus = QString::fromStdString(form_.focusedControl);
     if (!focus.isEmpty()) {
         if (auto* w = findChild<QWidget*>(focus)) w->setFocus();
         form_.focusedControl.clear();
     }
     refreshing_ = false;
+}
+
+// The prompt stays up while the run goes on underneath; the model decides when it goes away.
+void MainWindow::mirrorNoResponse() {
+    const auto& prompt = form_.frmNoResponse;
+    if (prompt.Visible && !frmNoResponse_) {
+        frmNoResponse_ = new QMessageBox(
+            QMessageBox::Question, ToQt(caption(sid::TitleFrmNoResponse)),
+            ToQt(prompt.Label1 + "\n" + prompt.Label2), QMessageBox::Yes | QMessageBox::No, this);
+        frmNoResponse_->setObjectName("frmNoResponse");
+        frmNoResponse_->setAttribute(Qt::WA_DeleteOnClose);
+        connect(frmNoResponse_, &QMessageBox::finished, this, [this](int result) {
+            if (!form_.frmNoResponse.Visible) return;
+            if (result == QMessageBox::Yes)
+                form_.cmdYes_Click();
+            else
+                form_.cmdNo_Click();
+        });
+        frmNoResponse_->open();
+    } else if (!prompt.Visible && frmNoResponse_) {
+        frmNoResponse_->close();
+    }
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

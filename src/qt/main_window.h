@@ -9,7 +9,9 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <functional>
 
 #include "ui/frm_main.h"
@@ -32,6 +34,7 @@ class MainWindow : public QMainWindow, public FormObserver {
   private:
     void buildMenus();
     void buildPanels();
+    void mirrorNoResponse();
     QLineEdit* addLine(const char* name, TextBox& box);
     void run(void (frmMain::*handler)());
     std::string caption(int id) const;
@@ -46,6 +49,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QListWidget* MessageQueue_ = nullptr;
     QGroupBox* fraQueue_ = nullptr;
     QLabel *lblInfo_ = nullptr, *lblTotal_ = nullptr, *lblOnline_ = nullptr;
+    QPointer<QMessageBox> frmNoResponse_;
     QAction *mnuQueue_ = nullptr, *mnuSend_ = nullptr, *mnuSendSingle_ = nullptr,
             *mnuHangUp_ = nullptr, *mnuViewQueue_ = nullptr;
 };

@@ -27,6 +27,10 @@ void QtEventLoop::stopTimer(TimerId id) {
     timers_.at(static_cast<std::size_t>(id))->stop();
 }
 
+void QtEventLoop::singleShot(Milliseconds delay, std::function<void()> fn) {
+    QTimer::singleShot(static_cast<int>(delay.count()), Qt::PreciseTimer, &context_, std::move(fn));
+}
+
 void QtEventLoop::post(std::function<void()> fn) {
     QMetaObject::invokeMethod(&context_, std::move(fn), Qt::QueuedConnection);
 }

@@ -19,6 +19,7 @@ class QtEventLoop : public EventLoop {
     TimerId createTimer(std::function<void()> handler) override;
     void startTimer(TimerId id, Milliseconds interval) override;
     void stopTimer(TimerId id) override;
+    void singleShot(Milliseconds delay, std::function<void()> fn) override;
     void post(std::function<void()> fn) override;
     void doEvents() override;
     void waitSecs(double seconds) override;

@@ -1,4 +1,5 @@
 // Queuing, the queue file's life and the hand-over of the queue to a run.
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -221,7 +222,6 @@ bool frmMain::PrepareNextBatch() {
     for (int i = 1; i <= n; ++i) {
         auto& slot = SendBuffer[static_cast<std::size_t>(i + m)];
         slot = QueueBuffer[static_cast<std::size_t>(i)];
-        MessageQueue.RemoveItem(0);
         slot.ProviderIndex = LookupCenter(slot.ProviderName);
         if (slot.ProviderIndex == -1) {
             // The message without a centre leaves its archive record; all the others go back to
@@ -237,6 +237,10 @@ bool frmMain::PrepareNextBatch() {
             return false;
         }
     }
+    // The rows of the moved messages go in one step rather than one at a time.
+    MessageQueue.rows.erase(MessageQueue.rows.begin(),
+                            MessageQueue.rows.begin() + std::min(n, MessageQueue.ListCount()));
+    MessageQueue.ListIndex = -1;
     QueueBuffer = EmptyMessageTable();
     SendBuffer[0].ProviderIndex = 0;
     SendBuffer[0].Text = LoadResString(sid::NeverSeenMarker);

@@ -24,6 +24,8 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
                      [this] { tmrCommandLine_Timer(), changed(); }),
       tmrCommandCompleted(platform.loop, "tmrCommandCompleted", 500, false,
                           [this] { tmrCommandCompleted_Timer(), changed(); }),
+      timUnloadMe(platform.loop, "timUnloadMe", 1000, false,
+                  [this] { timUnloadMe_Timer(), changed(); }),
       platform_(platform),
       globals_(globals),
       settings_(platform.settingsStore, globals.strings.ProductName()) {
@@ -79,14 +81,7 @@ void frmMain::timAnimate_Timer() {
     if (state.CallActive) onlineFrame = (onlineFrame + 1) % 4;
 }
 
-// The receive path, the prompt's timers and the command-line timers belong to the dialogue and
-// automation code; until they are wired in, their ticks have nothing to do.
-void frmMain::timCommEvent_Timer() {}
-void frmMain::timResponse_Timer() {}
-void frmMain::timSendCR_Timer() {}
-void frmMain::timUnloadfrmResponse_Timer() {
-    timUnloadfrmResponse.setEnabled(false);
-}
+// The command-line start is not wired in yet; its timers have nothing to do.
 void frmMain::tmrCommandLine_Timer() {
     tmrCommandLine.setEnabled(false);
 }

@@ -98,6 +98,14 @@ class frmMain {
     void LineCallback(std::uint32_t callState);
     void setLblEvent(const std::string& text);
 
+    // Receive path and dialogues.
+    void OnCommEvent(std::int32_t code);
+    void SendText(const std::string& text);
+    void HandleCenterText(const std::string& text);
+    void HandleUcpText(const std::string& text);
+    void cmdYes_Click();
+    void cmdNo_Click();
+
     // Archive.
     void SaveToOutbox(const std::string& status, const QueuedMessage& message);
 
@@ -131,11 +139,24 @@ class frmMain {
     SendState state;
     std::string ReferenceCode;
     std::int16_t ResponseTimeoutSecs = 30;
+    RxBufferArray RxBuffer{};
+    std::int32_t CommEventCode = 0;
+    std::int32_t ResponseSeconds = 0;
+    std::int16_t NoResponseAnswer = 0;
+    // The two line panes of the debug view.
+    std::string ToServer, FromServer;
+    // frmNoResponse: the prompt that asks whether to go on waiting for the centre.
+    struct NoResponsePrompt {
+        bool Visible = false;
+        std::string Label1, Label2;
+        int unloadCount = 0;
+    } frmNoResponse;
     DebugLog debugLog;
 
     // ----- Timers -----
     Timer timSendMessages, timCheckSingleMessageSent, timSafetyTimer, timCommEvent, timResponse,
-        timSendCR, timUnloadfrmResponse, timAnimate, tmrCommandLine, tmrCommandCompleted;
+        timSendCR, timUnloadfrmResponse, timAnimate, tmrCommandLine, tmrCommandCompleted,
+        timUnloadMe;
 
     Platform& platform() { return platform_; }
     Settings& settings() { return settings_; }
@@ -154,7 +175,27 @@ class frmMain {
     void timUnloadfrmResponse_Timer();
     void tmrCommandLine_Timer();
     void tmrCommandCompleted_Timer();
+    void timUnloadMe_Timer();
+    void closeNoResponse(std::int16_t answer);
 
+    // Dialogue steps.
+    void HangUpDialogue();
+    void RejectAndHangUp();
+    void EndMessage(int statusId);
+    bool RunCommonChecks();
+    void RunPromptRow();
+    void TapRefusedCheck();
+    void TapRow();
+    void SendTapBlock(const QueuedMessage& head, const Provider& centre);
+    void SendUcpFrame(const QueuedMessage& head, const Provider& centre);
+    void MenuBlockStep();
+    std::string MenuRecipient(bool tim) const;
+    void VodaLibertelRow();
+    void OrangeRow();
+    void TimRow();
+    void TimRefusal();
+    void WalkBack();
+    const Provider* headCentre() const;
     // Queue file life.
     void LoadQueueAtStart();
     void SaveQueueAtExit();

@@ -75,19 +75,39 @@ std::int32_t FakeLine::tapiGetLocationInfo(std::string& code) {
     code = countryCode;
     return 0;
 }
-bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(int)>) {
+bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> cb) {
     log.push_back("open port");
     portOpen = true;
+    onCommEvent = std::move(cb);
     return true;
 }
 bool FakeLine::CloseCommunicationsPort() {
     const bool was = portOpen;
     portOpen = false;
+    onCommEvent = nullptr;
     return was;
 }
 bool FakeLine::TxChars(const std::string& bytes) {
-    log.push_back("tx " + bytes);
+    written += bytes;
+    if (onWrite && portOpen)
+        loop_.post([this, bytes] {
+            if (onWrite) onWrite(bytes);
+        });
     return portOpen;
+}
+void FakeLine::receive(const std::string& bytes) {
+    incoming += bytes;
+    if (onCommEvent) onCommEvent(1);
+}
+int FakeLine::GetRxCharacters(RxBufferArray& buffer) {
+    const std::size_t n = std::min(incoming.size(), buffer.size());
+    for (std::size_t i = 0; i < n; ++i) buffer[i] = static_cast<std::uint8_t>(incoming[i]);
+    incoming.erase(0, n);
+    if (!incoming.empty() && onCommEvent)
+        loop_.post([this] {
+            if (onCommEvent) onCommEvent(1);
+        });
+    return static_cast<int>(n);
 }
 
 struct TestPlatform::Recorder : FormObserver {

@@ -46,10 +46,17 @@ class FakeLine : public Telephony, public SerialLink {
     std::intptr_t GetCommHandle() override { return 7; }
     std::int32_t tapiGetLocationInfo(std::string& countryCode) override;
     std::vector<std::string> deviceNames() override { return {"Simulated modem"}; }
-    bool OpenCommunicationsPort(std::intptr_t, std::function<void(int)>) override;
+    bool OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)>) override;
     bool CloseCommunicationsPort() override;
+    int GetRxCharacters(RxBufferArray& buffer) override;
     bool TxChars(const std::string& bytes) override;
-    std::string RxChars(std::size_t) override { return {}; }
+
+    // Bytes from the far end: stored and announced as the serial library would.
+    void receive(const std::string& bytes);
+    std::string incoming;
+    std::string written;                              // every byte the program wrote, in order
+    std::function<void(const std::string&)> onWrite;  // told of each write, after it
+    std::function<void(std::int32_t)> onCommEvent;
 
     // Delivers a call state now, as the provider's callback would.
     void sendState(std::uint32_t state) {
