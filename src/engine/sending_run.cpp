@@ -8,7 +8,7 @@ namespace parlane {
 
 void frmMain::ReadyPanel() {
     std::string country;
-    if (platform_.telephony.tapiGetLocationInfo(country) >= 0) {
+    if (tapi.tapiGetLocationInfo(country) >= 0) {
         const auto first = country.find_first_not_of(' ');
         const auto last = country.find_last_not_of(' ');
         txtCountryCode.Text =

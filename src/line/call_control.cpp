@@ -1,5 +1,6 @@
 // Call control: from the head of SendBuffer to a call with an open port, and back down again.
 #include "core/string_ids.h"
+#include "line/tapi_text.h"
 #include "ui/frm_main.h"
 
 namespace parlane {
@@ -78,8 +79,7 @@ void frmMain::DialCenter() {
         ShowStatus(LoadResString(sid::Dialling));
 
     state.DialDevice = static_cast<std::int16_t>(LeadingNumber(centre.TapiDevice));
-    auto& tapi = platform_.telephony;
-    if (!tapi.OpenLine(state.DialDevice)) {
+    if (!tapi.OpenLine(static_cast<std::uint32_t>(state.DialDevice))) {
         SaveToOutbox(LoadResString(sid::AbortedUnableToOpenLine), head);
         tapi.ShutdownTelephony();
         tapi.InitTelephony();
@@ -93,10 +93,10 @@ void frmMain::DialCenter() {
     for (;;) {
         // A block of another device, or none, is not forced on this line.
         if (!centre.DevConfig.empty()) {
-            const auto result =
-                tapi.lineSetDevConfig(state.DialDevice, centre.DevConfig, "comm/datamodem");
+            const auto result = tapi.lineSetDevConfig(static_cast<std::uint32_t>(state.DialDevice),
+                                                      centre.DevConfig);
             if (result != 0) {
-                debugLog.AppendLog("Error " + std::to_string(result) + " - lineSetDevConfig");
+                debugLog.AppendLog(TapiErrorText(result) + " - lineSetDevConfig");
                 // Counted like a failed dial, so that the run goes on.
                 ShowStatus(LoadResString(sid::ErrorMakingCall));
                 HangUp();
@@ -109,9 +109,10 @@ void frmMain::DialCenter() {
                 ? centre.Number
                 : "+" + centre.CountryCode + " (" + centre.AreaCode + ") " + centre.Number;
         std::string dialable;
-        const auto translated = tapi.lineTranslateAddress(state.DialDevice, address, dialable);
+        const auto translated = tapi.lineTranslateAddress(
+            static_cast<std::uint32_t>(state.DialDevice), address, dialable);
         if (translated != 0) {
-            debugLog.AppendLog("Error " + std::to_string(translated) + " - LineTranslateAddress");
+            debugLog.AppendLog(TapiErrorText(translated) + " - LineTranslateAddress");
             ShowStatus(LoadResString(sid::ErrorMakingCall));
             HangUp();
             return;
@@ -153,7 +154,7 @@ void frmMain::HangUp() {
     // A prompt about this call's silence must not outlive the call.
     if (frmNoResponse.Visible) closeNoResponse(3);
     CloseCommPort();
-    if (state.CallActive) platform_.telephony.DropCall();
+    if (state.CallActive) tapi.DropCall();
     SetIdleLook();
     state.CallActive = false;
     state.ReceiveBuffer.clear();
@@ -162,8 +163,7 @@ void frmMain::HangUp() {
     ShowStatus(LoadResString(sid::Disconnected));
     timCommEvent.setInterval(1);
     std::string country;
-    if (platform_.telephony.tapiGetLocationInfo(country) >= 0)
-        txtCountryCode.Text = TrimBlanks(country);
+    if (tapi.tapiGetLocationInfo(country) >= 0) txtCountryCode.Text = TrimBlanks(country);
     txtMessage.Text.clear();
     txtAreaCode.Text.clear();
     txtNumber.Text.clear();
@@ -187,7 +187,7 @@ void frmMain::CloseCommPort() {
 }
 
 void frmMain::OpenCommPort() {
-    const auto handle = platform_.telephony.GetCommHandle();
+    const auto handle = tapi.GetCommHandle();
     const bool opened = platform_.serial.OpenCommunicationsPort(handle, [this](std::int32_t code) {
         // May come from the serial reader's thread: hand the code to the loop, nothing else.
         platform_.loop.post([this, code] { OnCommEvent(code); });
@@ -205,11 +205,6 @@ void frmMain::OpenCommPort() {
     }
 }
 
-void frmMain::LineCallback(std::uint32_t callState) {
-    debugLog.AppendLog("LINE_CALLSTATE " + std::to_string(callState));
-    setLblEvent(std::to_string(callState));
-}
-
 void frmMain::setLblEvent(const std::string& text) {
     if (text == lblEvent) return;  // a repeated state acts once
     lblEvent = text;
@@ -217,8 +212,8 @@ void frmMain::setLblEvent(const std::string& text) {
         ShowStatus(LoadResString(sid::Connected));
         OpenCommPort();
     } else if (text == "1") {
-        platform_.telephony.DeallocateCall();
-        platform_.telephony.CloseLine();
+        tapi.DeallocateCall();
+        tapi.CloseLine();
     } else if (text == "16384") {
         state.CallActive = true;
         HangUp();

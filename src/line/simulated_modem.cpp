@@ -8,19 +8,54 @@ SimulatedModem::~SimulatedModem() {
     *alive_ = false;
 }
 
-void SimulatedModem::setCallStateHandler(std::function<void(std::uint32_t)> handler) {
-    handler_ = std::move(handler);
+std::int32_t SimulatedModem::lineInitialize(LineCallbackFunction callback, const std::string&,
+                                            std::uint32_t& deviceCount) {
+    callback_ = std::move(callback);
+    deviceCount = 1;
+    return 0;
+}
+
+std::int32_t SimulatedModem::lineShutdown() {
+    endCall();
+    callback_ = nullptr;
+    return 0;
+}
+
+std::int32_t SimulatedModem::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t,
+                                                     std::uint32_t high, std::uint32_t& version) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    version = high;
+    return 0;
+}
+
+std::int32_t SimulatedModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    caps.dwUsedSize = 240;
+    caps.providerInfo = "Parlane simulated modem";
+    caps.lineName = "Simulated modem";
+    caps.dwStringFormat = STRINGFORMAT_ASCII;
+    caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
+    caps.dwMonitorDigitModes = 0;
+    return 0;
+}
+
+std::int32_t SimulatedModem::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    if (lineOpenFails_) return LINEERR_RESOURCEUNAVAIL;
+    lineHandle = 1;
+    return 0;
 }
 
 void SimulatedModem::deliver(std::uint32_t state) {
-    if (handler_) handler_(state);
+    if (callback_) callback_(callHandle_, LINE_CALLSTATE, 0, state, 0, 0);
 }
 
-bool SimulatedModem::OpenLine(int device) {
-    return device == 0 && !lineOpenFails_;
+std::int32_t SimulatedModem::lineGetID(std::uint32_t, std::intptr_t& portHandle) {
+    portHandle = 1;
+    return 0;
 }
 
-std::int32_t SimulatedModem::lineTranslateAddress(int, const std::string& canonical,
+std::int32_t SimulatedModem::lineTranslateAddress(std::uint32_t, const std::string& canonical,
                                                   std::string& dialable) {
     dialable.clear();
     for (char c : canonical)
@@ -37,20 +72,27 @@ void SimulatedModem::later(Milliseconds delay, std::function<void()> fn) {
     });
 }
 
-PlaceCallResult SimulatedModem::PlaceCall(const std::string& dialable, std::int32_t) {
+std::int32_t SimulatedModem::lineMakeCall(std::uint32_t, std::uint32_t& callHandle,
+                                          const std::string& dialable, std::uint32_t) {
     lastDialled_ = dialable;
     endCall();
+    callHandle = callHandle_ = callHandle_ + 1;
+    const std::int32_t request = ++requestId_;
+    later(Milliseconds(100), [this, request] {
+        if (callback_)
+            callback_(callHandle_, LINE_REPLY, 0, static_cast<std::uint32_t>(request), 0, 0);
+    });
     const int attempt = attempts_[dialable]++;
     CentreChoice choice = CentreForNumber(dialable, attempt);
     line_ = choice.line;
     centre_ = std::move(choice.centre);
     if (attempt < line_.busyAttempts) {
         later(Milliseconds(2000), [this] { deliver(LINECALLSTATE_DISCONNECTED); });
-        return PlaceCallResult::Placed;
+        return request;
     }
     if (line_.noAnswer) {
         later(Milliseconds(45000), [this] { deliver(LINECALLSTATE_DISCONNECTED); });
-        return PlaceCallResult::Placed;
+        return request;
     }
     later(Milliseconds(line_.answerAfterMs), [this] {
         callUp_ = true;
@@ -64,7 +106,7 @@ PlaceCallResult SimulatedModem::PlaceCall(const std::string& dialable, std::int3
         if (centre_) centre_->connected(*this);
         if (line_.dropAfterMs > 0) later(Milliseconds(line_.dropAfterMs), [this] { hangUp(); });
     });
-    return PlaceCallResult::Placed;
+    return request;
 }
 
 void SimulatedModem::endCall() {
@@ -73,16 +115,18 @@ void SimulatedModem::endCall() {
     pending_.clear();
 }
 
-void SimulatedModem::DropCall() {
+std::int32_t SimulatedModem::lineDrop(std::uint32_t) {
     endCall();
     std::weak_ptr<bool> alive = alive_;
     loop_.singleShot(Milliseconds(200), [this, alive] {
         if (!alive.expired()) deliver(LINECALLSTATE_IDLE);
     });
+    return 0;
 }
 
-std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode) {
+std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
     countryCode = countryCode_;
+    cityCode.clear();
     return 0;
 }
 

@@ -15,29 +15,32 @@
 
 namespace parlane {
 
-class SimulatedModem : public Telephony, public SerialLink, private CentreLink {
+class SimulatedModem : public TapiProvider, public SerialLink, private CentreLink {
   public:
     explicit SimulatedModem(EventLoop& loop, std::uint32_t seed = 1);
     ~SimulatedModem() override;
 
     // Telephony.
-    void setCallStateHandler(std::function<void(std::uint32_t)> handler) override;
-    bool InitTelephony() override { return true; }
-    void ShutdownTelephony() override {}
-    bool OpenLine(int device) override;
-    std::int32_t lineSetDevConfig(int, const std::vector<std::uint8_t>&,
+    std::int32_t lineInitialize(LineCallbackFunction callback, const std::string& appName,
+                                std::uint32_t& deviceCount) override;
+    std::int32_t lineShutdown() override;
+    std::int32_t lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t low,
+                                         std::uint32_t high, std::uint32_t& version) override;
+    std::int32_t lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) override;
+    std::int32_t lineOpen(std::uint32_t device, std::uint32_t& lineHandle) override;
+    std::int32_t lineMakeCall(std::uint32_t lineHandle, std::uint32_t& callHandle,
+                              const std::string& dialable, std::uint32_t mediaMode) override;
+    std::int32_t lineDrop(std::uint32_t callHandle) override;
+    std::int32_t lineDeallocateCall(std::uint32_t) override { return 0; }
+    std::int32_t lineClose(std::uint32_t) override { return 0; }
+    std::int32_t lineGetID(std::uint32_t lineHandle, std::intptr_t& portHandle) override;
+    std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
+                                      std::string& dialable) override;
+    std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) override;
+    std::int32_t lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>&,
                                   const std::string&) override {
         return 0;
     }
-    std::int32_t lineTranslateAddress(int, const std::string& canonical,
-                                      std::string& dialable) override;
-    PlaceCallResult PlaceCall(const std::string& dialable, std::int32_t mediaMode) override;
-    void DropCall() override;
-    void DeallocateCall() override {}
-    void CloseLine() override {}
-    std::intptr_t GetCommHandle() override { return 1; }
-    std::int32_t tapiGetLocationInfo(std::string& countryCode) override;
-    std::vector<std::string> deviceNames() override { return {"Simulated modem"}; }
 
     // Serial link.
     bool OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> onEvent) override;
@@ -68,7 +71,9 @@ class SimulatedModem : public Telephony, public SerialLink, private CentreLink {
 
     EventLoop& loop_;
     std::mt19937 random_;
-    std::function<void(std::uint32_t)> handler_;
+    LineCallbackFunction callback_;
+    std::uint32_t callHandle_ = 0;
+    std::int32_t requestId_ = 0;
     std::function<void(std::int32_t)> onCommEvent_;
     std::unique_ptr<SimulatedCentre> centre_;
     LineBehaviour line_;

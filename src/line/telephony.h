@@ -1,6 +1,8 @@
 #pragma once
-// The telephony operations call control uses. A provider delivers call states on the program's
-// event loop through the handler it is given.
+// The telephony service as the program uses it: the line functions of a TAPI-like provider, one
+// line and one call at a time. A provider delivers its events through the callback it was given
+// by lineInitialize, on the program's event loop. TAPISubs (tapi_subs.h) is the program's only
+// user of this interface.
 
 #include <cstdint>
 #include <functional>
@@ -12,38 +14,62 @@ namespace parlane {
 enum LineCallState : std::uint32_t {
     LINECALLSTATE_IDLE = 1,
     LINECALLSTATE_OFFERING = 2,
+    LINECALLSTATE_BUSY = 64,
     LINECALLSTATE_CONNECTED = 256,
     LINECALLSTATE_DISCONNECTED = 16384,
 };
-inline constexpr std::int32_t LINEMEDIAMODE_DATAMODEM = 16;
+enum LineMessage : std::uint32_t { LINE_CALLSTATE = 2, LINE_CLOSE = 3, LINE_REPLY = 12 };
+inline constexpr std::uint32_t LINEMEDIAMODE_DATAMODEM = 16;
+inline constexpr std::uint32_t STRINGFORMAT_ASCII = 1;
+inline constexpr std::int32_t LINEERR_ALLOCATED = static_cast<std::int32_t>(0x80000001);
+inline constexpr std::int32_t LINEERR_BADDEVICEID = static_cast<std::int32_t>(0x80000002);
+inline constexpr std::int32_t LINEERR_CALLUNAVAIL = static_cast<std::int32_t>(0x80000005);
+inline constexpr std::int32_t LINEERR_INUSE = static_cast<std::int32_t>(0x8000000F);
+inline constexpr std::int32_t LINEERR_INVALCALLHANDLE = static_cast<std::int32_t>(0x80000018);
+inline constexpr std::int32_t LINEERR_INVALLINEHANDLE = static_cast<std::int32_t>(0x8000002B);
+inline constexpr std::int32_t LINEERR_NODEVICE = static_cast<std::int32_t>(0x80000042);
+inline constexpr std::int32_t LINEERR_OPERATIONFAILED = static_cast<std::int32_t>(0x80000048);
+inline constexpr std::int32_t LINEERR_RESOURCEUNAVAIL = static_cast<std::int32_t>(0x8000004B);
 
-enum class PlaceCallResult { Placed = 0, Failed = -1, LineInUse = 1 };
+// The parts of LINEDEVCAPS the program reads.
+struct LineDevCaps {
+    std::uint32_t dwUsedSize = 0;
+    std::string providerInfo;
+    std::string lineName;
+    std::uint32_t dwStringFormat = STRINGFORMAT_ASCII;
+    std::uint32_t dwMediaModes = 0;
+    std::uint32_t dwMonitorDigitModes = 0;
+};
 
-class Telephony {
+using LineCallbackFunction =
+    std::function<void(std::uint32_t hDevice, std::uint32_t dwMessage, std::uint32_t dwInstance,
+                       std::uint32_t dwParam1, std::uint32_t dwParam2, std::uint32_t dwParam3)>;
+
+class TapiProvider {
   public:
-    virtual ~Telephony() = default;
-
-    // Called with each LINE_CALLSTATE, on the event loop.
-    virtual void setCallStateHandler(std::function<void(std::uint32_t state)> handler) = 0;
-
-    virtual bool InitTelephony() = 0;
-    virtual void ShutdownTelephony() = 0;
-    virtual bool OpenLine(int device) = 0;
-    // 0 on success, else the telephony error code.
-    virtual std::int32_t lineSetDevConfig(int device, const std::vector<std::uint8_t>& config,
-                                          const std::string& deviceClass) = 0;
-    virtual std::int32_t lineTranslateAddress(int device, const std::string& canonicalAddress,
+    virtual ~TapiProvider() = default;
+    // Results: 0 (or a positive request id where told) on success, a negative LINEERR_ code.
+    virtual std::int32_t lineInitialize(LineCallbackFunction callback, const std::string& appName,
+                                        std::uint32_t& deviceCount) = 0;
+    virtual std::int32_t lineShutdown() = 0;
+    virtual std::int32_t lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t low,
+                                                 std::uint32_t high, std::uint32_t& version) = 0;
+    virtual std::int32_t lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) = 0;
+    virtual std::int32_t lineOpen(std::uint32_t device, std::uint32_t& lineHandle) = 0;
+    // A positive request id: the outcome comes later as LINE_REPLY and call states.
+    virtual std::int32_t lineMakeCall(std::uint32_t lineHandle, std::uint32_t& callHandle,
+                                      const std::string& dialable, std::uint32_t mediaMode) = 0;
+    virtual std::int32_t lineDrop(std::uint32_t callHandle) = 0;
+    virtual std::int32_t lineDeallocateCall(std::uint32_t callHandle) = 0;
+    virtual std::int32_t lineClose(std::uint32_t lineHandle) = 0;
+    // The handle of the port that the provider holds for the line's call.
+    virtual std::int32_t lineGetID(std::uint32_t lineHandle, std::intptr_t& portHandle) = 0;
+    virtual std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
                                               std::string& dialable) = 0;
-    virtual PlaceCallResult PlaceCall(const std::string& dialable, std::int32_t mediaMode) = 0;
-    virtual void DropCall() = 0;
-    virtual void DeallocateCall() = 0;
-    virtual void CloseLine() = 0;
-    // The handle of the port the provider holds for the call.
-    virtual std::intptr_t GetCommHandle() = 0;
-    // The current location's country code; a negative result when there is none.
-    virtual std::int32_t tapiGetLocationInfo(std::string& countryCode) = 0;
-    // The names of the devices, in device order.
-    virtual std::vector<std::string> deviceNames() = 0;
+    virtual std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) = 0;
+    virtual std::int32_t lineSetDevConfig(std::uint32_t device,
+                                          const std::vector<std::uint8_t>& config,
+                                          const std::string& deviceClass) = 0;
 };
 
 }  // namespace parlane

@@ -5,7 +5,8 @@
 namespace parlane {
 
 frmMain::frmMain(Platform platform, ProgramGlobals& globals)
-    : timSendMessages(platform.loop, "timSendMessages", 4000, false,
+    : tapi(platform.telephony, debugLog),
+      timSendMessages(platform.loop, "timSendMessages", 4000, false,
                       [this] { timSendMessages_Timer(), changed(); }),
       timCheckSingleMessageSent(platform.loop, "timCheckSingleMessageSent", 4000, true,
                                 [this] { timCheckSingleMessageSent_Timer(), changed(); }),
@@ -32,14 +33,15 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
     picToolIconsEnabled.fill(true);
     picToolIconsEnabled[2] = false;  // Stop, until a call is up
     mnuHangUp.Enabled = false;
-    platform_.telephony.setCallStateHandler([this](std::uint32_t s) {
-        LineCallback(s);
+    tapi.appName = globals_.strings.ProductName();
+    tapi.setLblEvent = [this](const std::string& text) {
+        setLblEvent(text);
         changed();
-    });
+    };
 }
 
 frmMain::~frmMain() {
-    platform_.telephony.setCallStateHandler(nullptr);
+    tapi.setLblEvent = nullptr;
 }
 
 void frmMain::ShowStatus(const std::string& text) {

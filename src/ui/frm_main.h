@@ -20,6 +20,7 @@
 #include "engine/send_state.h"
 #include "line/debug_log.h"
 #include "line/serial_link.h"
+#include "line/tapi_subs.h"
 #include "line/telephony.h"
 #include "store/message_queue.h"
 #include "store/provider.h"
@@ -42,7 +43,7 @@ struct Platform {
     SettingsStore& settingsStore;
     DialogueHost& dialogues;
     RegionalFormats& formats;
-    Telephony& telephony;
+    TapiProvider& telephony;
     SerialLink& serial;
     std::filesystem::path home;
 };
@@ -95,7 +96,6 @@ class frmMain {
     void HangUp();
     void OpenCommPort();
     void CloseCommPort();
-    void LineCallback(std::uint32_t callState);
     void setLblEvent(const std::string& text);
 
     // Receive path and dialogues.
@@ -152,6 +152,7 @@ class frmMain {
         int unloadCount = 0;
     } frmNoResponse;
     DebugLog debugLog;
+    TAPISubs tapi;
 
     // ----- Timers -----
     Timer timSendMessages, timCheckSingleMessageSent, timSafetyTimer, timCommEvent, timResponse,

@@ -59,7 +59,7 @@ void frmMain::Form_Load() {
 
     // Step 4.
     state.UcpDialogue = false;
-    platform_.telephony.InitTelephony();
+    tapi.InitTelephony();
 
     // Steps 5 and 6.
     LoadProviders();
@@ -68,8 +68,7 @@ void frmMain::Form_Load() {
 
     // Step 7.
     std::string country;
-    if (platform_.telephony.tapiGetLocationInfo(country) >= 0)
-        txtCountryCode.Text = Trim(BlankNuls(country));
+    if (tapi.tapiGetLocationInfo(country) >= 0) txtCountryCode.Text = Trim(BlankNuls(country));
 
     // Step 8.
     Services.Clear();
@@ -139,7 +138,7 @@ void frmMain::Form_Unload() {
         settings_.SaveSetting("Settings", "MainTop", std::to_string(MainTop));
     }
     platform_.serial.CloseCommunicationsPort();
-    platform_.telephony.ShutdownTelephony();
+    tapi.ShutdownTelephony();
     loaded_ = false;
 }
 

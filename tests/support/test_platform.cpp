@@ -18,61 +18,77 @@ int ScriptedDialogues::messageBox(const std::string& prompt, int flags, const st
     return flags == MbQuestionYesNo ? AnswerNo : AnswerOk;
 }
 
-bool FakeLine::InitTelephony() {
+std::int32_t FakeLine::lineInitialize(LineCallbackFunction cb, const std::string&,
+                                      std::uint32_t& count) {
     log.push_back("init");
-    return true;
+    callback = std::move(cb);
+    count = 1;
+    return 0;
 }
-void FakeLine::ShutdownTelephony() {
+std::int32_t FakeLine::lineShutdown() {
     log.push_back("shutdown");
+    return 0;
 }
-bool FakeLine::OpenLine(int device) {
+std::int32_t FakeLine::lineGetDevCaps(std::uint32_t, LineDevCaps& caps) {
+    caps.dwUsedSize = 240;
+    caps.lineName = "Simulated modem";
+    return 0;
+}
+std::int32_t FakeLine::lineOpen(std::uint32_t device, std::uint32_t& line) {
     log.push_back("open line " + std::to_string(device));
-    return openLineSucceeds;
+    line = 3;
+    return openLineSucceeds ? 0 : LINEERR_RESOURCEUNAVAIL;
 }
-std::int32_t FakeLine::lineSetDevConfig(int, const std::vector<std::uint8_t>& config,
+std::int32_t FakeLine::lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>& config,
                                         const std::string&) {
     log.push_back("set dev config " + std::to_string(config.size()));
     return setDevConfigResult;
 }
-std::int32_t FakeLine::lineTranslateAddress(int, const std::string& canonical,
+std::int32_t FakeLine::lineTranslateAddress(std::uint32_t, const std::string& canonical,
                                             std::string& dialable) {
     log.push_back("translate " + canonical);
     dialable = canonical;
     return translateResult;
 }
-PlaceCallResult FakeLine::PlaceCall(const std::string& dialable, std::int32_t) {
+std::int32_t FakeLine::lineMakeCall(std::uint32_t, std::uint32_t& call, const std::string& dialable,
+                                    std::uint32_t) {
     log.push_back("place call");
     dialled.push_back(dialable);
+    call = 5;
     PlaceCallResult r = PlaceCallResult::Placed;
     if (!placeResults.empty()) {
         r = placeResults.front();
         placeResults.pop_front();
     }
-    if (r == PlaceCallResult::Placed && autoConnectMs > 0) {
-        // One-shot timers on the loop play the far end.
-        auto id = std::make_shared<EventLoop::TimerId>();
-        *id = loop_.createTimer([this, id] {
-            loop_.stopTimer(*id);
+    if (r == PlaceCallResult::LineInUse) return LINEERR_INUSE;
+    if (r == PlaceCallResult::Failed) return LINEERR_OPERATIONFAILED;
+    if (autoConnectMs > 0) {
+        loop_.singleShot(Milliseconds(autoConnectMs), [this] {
             sendState(LINECALLSTATE_CONNECTED);
-            if (farEndHangUpAfterMs > 0) {
-                auto drop = std::make_shared<EventLoop::TimerId>();
-                *drop = loop_.createTimer([this, drop] {
-                    loop_.stopTimer(*drop);
+            if (farEndHangUpAfterMs > 0)
+                loop_.singleShot(Milliseconds(farEndHangUpAfterMs), [this] {
                     sendState(LINECALLSTATE_DISCONNECTED);
                     sendState(LINECALLSTATE_IDLE);
                 });
-                loop_.startTimer(*drop, Milliseconds(farEndHangUpAfterMs));
-            }
         });
-        loop_.startTimer(*id, Milliseconds(autoConnectMs));
     }
-    return r;
+    return 1;  // a request id
 }
-void FakeLine::DropCall() {
+std::int32_t FakeLine::lineDrop(std::uint32_t) {
     log.push_back("drop");
+    return 0;
 }
-std::int32_t FakeLine::tapiGetLocationInfo(std::string& code) {
+std::int32_t FakeLine::lineDeallocateCall(std::uint32_t) {
+    log.push_back("deallocate");
+    return 0;
+}
+std::int32_t FakeLine::lineClose(std::uint32_t) {
+    log.push_back("close line");
+    return 0;
+}
+std::int32_t FakeLine::tapiGetLocationInfo(std::string& code, std::string& city) {
     code = countryCode;
+    city.clear();
     return 0;
 }
 bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> cb) {
@@ -138,13 +154,20 @@ TestPlatform::~TestPlatform() {
 
 frmMain& TestPlatform::load() {
     if (!main) {
-        main = std::make_unique<frmMain>(
-            Platform{loop, settings, dialogues, formats, line, line, home}, globals);
+        main =
+            modem ? std::make_unique<frmMain>(
+                        Platform{loop, settings, dialogues, formats, *modem, *modem, home}, globals)
+                  : std::make_unique<frmMain>(
+                        Platform{loop, settings, dialogues, formats, line, line, home}, globals);
         recorder_ = std::make_unique<Recorder>(statusLines);
         main->setObserver(recorder_.get());
         main->Form_Load();
     }
     return *main;
+}
+
+void TestPlatform::useSimulatedModem() {
+    modem = std::make_unique<SimulatedModem>(loop, 5);
 }
 
 void TestPlatform::writeProviders(const std::vector<Provider>& providers) {

@@ -11,6 +11,9 @@
 #include "core/regional_formats.h"
 #include "core/settings_store.h"
 #include "core/virtual_event_loop.h"
+#include "line/serial_link.h"
+#include "line/simulated_modem.h"
+#include "line/telephony.h"
 #include "ui/frm_main.h"
 
 namespace parlane::testing {
@@ -28,24 +31,33 @@ class ScriptedDialogues : public DialogueHost {
 };
 
 // A line whose events the test sends; it records what the engine asked of it.
-class FakeLine : public Telephony, public SerialLink {
+class FakeLine : public TapiProvider, public SerialLink {
   public:
     explicit FakeLine(EventLoop& loop) : loop_(loop) {}
-    void setCallStateHandler(std::function<void(std::uint32_t)> h) override { handler = h; }
-    bool InitTelephony() override;
-    void ShutdownTelephony() override;
-    bool OpenLine(int device) override;
-    std::int32_t lineSetDevConfig(int, const std::vector<std::uint8_t>&,
-                                  const std::string&) override;
-    std::int32_t lineTranslateAddress(int, const std::string& canonical,
+    std::int32_t lineInitialize(LineCallbackFunction cb, const std::string&,
+                                std::uint32_t& count) override;
+    std::int32_t lineShutdown() override;
+    std::int32_t lineNegotiateAPIVersion(std::uint32_t, std::uint32_t, std::uint32_t high,
+                                         std::uint32_t& version) override {
+        version = high;
+        return 0;
+    }
+    std::int32_t lineGetDevCaps(std::uint32_t, LineDevCaps& caps) override;
+    std::int32_t lineOpen(std::uint32_t device, std::uint32_t& line) override;
+    std::int32_t lineMakeCall(std::uint32_t, std::uint32_t& call, const std::string& dialable,
+                              std::uint32_t) override;
+    std::int32_t lineDrop(std::uint32_t) override;
+    std::int32_t lineDeallocateCall(std::uint32_t) override;
+    std::int32_t lineClose(std::uint32_t) override;
+    std::int32_t lineGetID(std::uint32_t, std::intptr_t& handle) override {
+        handle = 7;
+        return 0;
+    }
+    std::int32_t lineTranslateAddress(std::uint32_t, const std::string& canonical,
                                       std::string& dialable) override;
-    PlaceCallResult PlaceCall(const std::string& dialable, std::int32_t mediaMode) override;
-    void DropCall() override;
-    void DeallocateCall() override { log.push_back("deallocate"); }
-    void CloseLine() override { log.push_back("close line"); }
-    std::intptr_t GetCommHandle() override { return 7; }
-    std::int32_t tapiGetLocationInfo(std::string& countryCode) override;
-    std::vector<std::string> deviceNames() override { return {"Simulated modem"}; }
+    std::int32_t tapiGetLocationInfo(std::string& country, std::string& city) override;
+    std::int32_t lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>& config,
+                                  const std::string&) override;
     bool OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)>) override;
     bool CloseCommunicationsPort() override;
     int GetRxCharacters(RxBufferArray& buffer) override;
@@ -60,10 +72,10 @@ class FakeLine : public Telephony, public SerialLink {
 
     // Delivers a call state now, as the provider's callback would.
     void sendState(std::uint32_t state) {
-        if (handler) handler(state);
+        if (callback) callback(1, LINE_CALLSTATE, 0, state, 0, 0);
     }
 
-    std::function<void(std::uint32_t)> handler;
+    LineCallbackFunction callback;
     std::vector<std::string> log;              // operations in order
     std::vector<std::string> dialled;          // dialable strings of placed calls
     std::deque<PlaceCallResult> placeResults;  // Placed when empty
@@ -87,6 +99,8 @@ struct TestPlatform {
     // Builds (once) and loads the main window.
     frmMain& load();
     frmMain& form() { return *main; }
+    // Call before load(): the window then dials through the simulated modem and its centres.
+    void useSimulatedModem();
 
     // Writes smsc.dat into the home.
     void writeProviders(const std::vector<Provider>& providers);
@@ -102,6 +116,7 @@ struct TestPlatform {
     FixedRegionalFormats formats;
     FakeLine line{loop};
     ProgramGlobals globals;
+    std::unique_ptr<SimulatedModem> modem;
     std::unique_ptr<frmMain> main;
     std::vector<std::string> statusLines;  // every status line shown, in order
 

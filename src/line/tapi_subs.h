@@ -1,0 +1,60 @@
+#pragma once
+// TAPISubs: the program's one contact with the telephony service. Each procedure does one call,
+// writes its outcome to the debug log, and hands a simple result back.
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "line/debug_log.h"
+#include "line/telephony.h"
+#include "ui/controls.h"
+
+namespace parlane {
+
+enum class PlaceCallResult { Placed = 0, Failed = -1, LineInUse = 1 };
+
+class TAPISubs {
+  public:
+    TAPISubs(TapiProvider& provider, DebugLog& log) : provider_(provider), log_(log) {}
+
+    // Writes the call state into the window's lblEvent (which dispatches on a change).
+    std::function<void(const std::string& text)> setLblEvent;
+    // The product's name, for lineInitialize.
+    std::string appName = "Parlane";
+
+    void InitTelephony();
+    void ShutdownTelephony();
+    void FillDeviceList(ListControl& list);
+    // False when the device cannot be read; `caps.dwUsedSize` is 0 then.
+    void GetLineCaps(std::uint32_t device, LineDevCaps& caps);
+    bool OpenLine(std::uint32_t device);
+    PlaceCallResult PlaceCall(const std::string& address, std::uint32_t mediaMode);
+    void DropCall();
+    void DeallocateCall();
+    void CloseLine();
+    std::intptr_t GetCommHandle();
+    std::int32_t tapiGetLocationInfo(std::string& countryCode);
+    std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config);
+    std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
+                                      std::string& dialable);
+
+    void LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage, std::uint32_t dwInstance,
+                      std::uint32_t dwParam1, std::uint32_t dwParam2, std::uint32_t dwParam3);
+
+    std::uint32_t LineDeviceCount() const { return lineDeviceCount_; }
+    std::uint32_t CallHandle() const { return callHandle_; }
+
+  private:
+    void log(const std::string& text) { log_.AppendLog(text); }
+
+    TapiProvider& provider_;
+    DebugLog& log_;
+    std::uint32_t lineDeviceCount_ = 0;
+    std::uint32_t negotiatedVersion_ = 0;
+    std::uint32_t lineHandle_ = 0;
+    std::uint32_t callHandle_ = 0;
+    bool callPlaced_ = false;
+};
+
+}  // namespace parlane

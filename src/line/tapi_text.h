@@ -1,0 +1,20 @@
+#pragma once
+// Names for the telephony service's numbers, as the debug log shows them.
+
+#include <cstdint>
+#include <string>
+
+namespace parlane {
+
+// "LINEERR_INUSE [8000000F]", or "Unknown TAPI Error! [...]".
+std::string TapiErrorText(std::int32_t code);
+// "LINE_CLOSE [3]", or "Unknown Message".
+std::string TapiMessageText(std::uint32_t message);
+// "LINECALLSTATE_CONNECTED [ 256]", or "Unknown Call State".
+std::string CallStateText(std::uint32_t state);
+std::string MediaModesText(std::uint32_t mask);
+std::string DigitModesText(std::uint32_t mask);
+// NULs become blanks.
+std::string BlankNuls(std::string text);
+
+}  // namespace parlane

@@ -1,0 +1,87 @@
+// The telephony module's texts, log and event handling.
+#include "line/tapi_subs.h"
+
+#include <gtest/gtest.h>
+
+#include "line/tapi_text.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+TEST(TapiText, NamesOfErrorsMessagesAndStates) {
+    struct Case {
+        std::uint32_t code;
+        const char* text;
+    } errors[] = {
+        {0x80000001, "LINEERR_ALLOCATED [80000001]"},
+        {0x80000004, "Unknown TAPI Error! [80000004]"},
+        {0x8000000F, "LINEERR_INUSE [8000000F]"},
+        {0x8000001E, "LINEERR_INVALCARD [8000001E]"},
+        {0x80000031, "Unknown TAPI Error! [80000031]"},
+        {0x80000057, "LINEERR_INVALAGENTID [80000057]"},
+        {0x8000005C, "LINEERR_DIALVOICEDETECT [8000005C]"},
+        {0x8000005D, "Unknown TAPI Error! [8000005D]"},
+        {0x9000001D, "PHONEERR_OPERATIONUNAVAIL [9000001D]"},
+        {0x9000001E, "Unknown TAPI Error! [9000001E]"},
+        {0x90000023, "PHONEERR_REINIT [90000023]"},
+        {5, "Unknown TAPI Error! [5]"},
+    };
+    for (const auto& c : errors)
+        EXPECT_EQ(TapiErrorText(static_cast<std::int32_t>(c.code)), c.text);
+    EXPECT_EQ(CallStateText(256), "LINECALLSTATE_CONNECTED [ 256]");
+    EXPECT_EQ(CallStateText(32768), "LINECALLSTATE_UNKNOWN [ 32768]");
+    EXPECT_EQ(CallStateText(3), "Unknown Call State");
+    EXPECT_EQ(TapiMessageText(3), "LINE_CLOSE [3]");
+    EXPECT_EQ(TapiMessageText(18), "PHONE_STATE [18]");
+    EXPECT_EQ(TapiMessageText(19), "Unknown Message");
+    EXPECT_EQ(MediaModesText(16 | 8192), "LineMediaModes - \r\n\tDATAMODEM\r\n\tADSI\r\n");
+    EXPECT_EQ(DigitModesText(0), "LineDigitMonitorModes - \r\n\tNONE\r\n");
+    EXPECT_EQ(DigitModesText(3), "LineDigitMonitorModes - \r\n\tPULSE\r\n\tDTMF\r\n");
+}
+
+TEST(DebugLog, NewestFirstTrimmedAndCountingPast32767) {
+    DebugLog log;
+    for (int i = 0; i < 40000; ++i) log.AppendLog("line of the telephony log");
+    EXPECT_EQ(log.text().substr(0, 7), "40000: ");
+    EXPECT_LE(log.text().size(), 5100u);
+    EXPECT_GE(log.text().size(), 2500u);
+    DebugLog fresh;
+    fresh.AppendLog("first");
+    fresh.AppendLog("second");
+    EXPECT_EQ(fresh.text(), "002: second\r\n001: first\r\n");
+}
+
+TEST(TapiSubs, CallbackDispatchesStatesAndKeepsThePlacedCall) {
+    VirtualEventLoop loop;
+    testing::FakeLine line(loop);
+    DebugLog log;
+    TAPISubs tapi(line, log);
+    std::vector<std::string> events;
+    tapi.setLblEvent = [&](const std::string& text) { events.push_back(text); };
+    tapi.InitTelephony();
+    EXPECT_EQ(events, std::vector<std::string>{"1"});
+    ASSERT_TRUE(tapi.OpenLine(0));
+    EXPECT_EQ(tapi.PlaceCall("123", LINEMEDIAMODE_DATAMODEM), PlaceCallResult::Placed);
+    const auto placed = tapi.CallHandle();
+    line.callback(99, LINE_CALLSTATE, 0, LINECALLSTATE_OFFERING, 0, 0);
+    EXPECT_EQ(tapi.CallHandle(), placed);  // an incoming call does not take its place
+    line.callback(0, LINE_REPLY, 0, 1, 0, 0);
+    line.callback(0, 8, 0, 0, 0, 0);
+    EXPECT_EQ(events, (std::vector<std::string>{"1", "2"}));
+    EXPECT_NE(log.text().find("LineReply LINE_REPLY [12] ReqID: 1"), std::string::npos);
+    EXPECT_NE(log.text().find("LINE_LINEDEVSTATE [8] hDevice=0"), std::string::npos);
+
+    line.placeResults = {PlaceCallResult::LineInUse, PlaceCallResult::Failed};
+    EXPECT_EQ(tapi.PlaceCall("1", 16), PlaceCallResult::LineInUse);
+    EXPECT_EQ(tapi.PlaceCall("1", 16), PlaceCallResult::Failed);
+    EXPECT_NE(log.text().find("LINEERR_INUSE [8000000F] - lineMakeCall"), std::string::npos);
+
+    ListControl devices;
+    devices.AddItem("kept");
+    tapi.FillDeviceList(devices);
+    EXPECT_EQ(devices.rows, std::vector<std::string>{"Simulated modem"});
+}
+
+}  // namespace
+}  // namespace parlane
