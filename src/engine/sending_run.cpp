@@ -17,7 +17,7 @@ void frmMain::ReadyPanel() {
     Names.ListIndex = -1;
     Names.Text = "Names";
     cmbGroupName.ListIndex = -1;
-    cmbGroupName.Text = "Group Names";
+    cmbGroupName.Text = LoadResString(sid::GroupNamesText);
     txtAreaCode.Text.clear();
     txtNumber.Text.clear();
     MessageQueue.ListIndex = -1;

@@ -30,7 +30,8 @@ constexpr const char* kUsage =
     "usage: parlane [--home DIR] [--demo] [--print-status]\n"
     "  --home DIR      keep tables, archive and settings in DIR\n"
     "  --demo          send one message through the simulated modem and end\n"
-    "  --print-status  print each status line on standard error\n";
+    "  --print-status  print each status line on standard error\n"
+    "  --screenshot F  save a picture of the main window as F (PNG) and end\n";
 
 std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
     std::set<std::string> names;
@@ -76,6 +77,12 @@ ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
             options.home = a.substr(7);
         } else if (a == "--demo") {
             options.demo = true;
+        } else if (a == "--screenshot") {
+            if (i + 1 >= arguments.size()) {
+                options.error = "--screenshot needs a file name";
+                return options;
+            }
+            options.screenshot = arguments[++i];
         } else if (a == "--print-status") {
             options.printStatus = true;
         } else if (a == "--help" || a == "-h") {
@@ -168,6 +175,13 @@ int RunProgram(int argc, char** argv) {
         };
     }
     window.show();
+
+    if (!options.screenshot.empty()) {
+        QTimer::singleShot(800, &window, [&window, &options] {
+            window.grab().save(QString::fromStdString(options.screenshot));
+            window.close();
+        });
+    }
 
     QTimer demoWatch;
     const auto archiveBefore = OutboxFiles(home.path);

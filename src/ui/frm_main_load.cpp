@@ -57,6 +57,10 @@ void frmMain::Form_Load() {
                     std::to_string(PARLANE_VERSION_PATCH) + "-" + edition;
     mnuOrvane.Visible = !globals_.International;
 
+    // The boxes' texts before anything is chosen.
+    Names.Text = "Names";
+    cmbGroupName.Text = LoadResString(sid::GroupNamesText);
+
     // Step 4.
     state.UcpDialogue = false;
     tapi.InitTelephony();
