@@ -7,13 +7,7 @@
 namespace parlane {
 
 void frmMain::ReadyPanel() {
-    std::string country;
-    if (tapi.tapiGetLocationInfo(country) >= 0) {
-        const auto first = country.find_first_not_of(' ');
-        const auto last = country.find_last_not_of(' ');
-        txtCountryCode.Text =
-            first == std::string::npos ? std::string() : country.substr(first, last - first + 1);
-    }
+    ShowLocationCountryCode();
     Names.ListIndex = -1;
     Names.Text = "Names";
     cmbGroupName.ListIndex = -1;
@@ -36,25 +30,7 @@ void frmMain::mnuSend_Click() {
 }
 
 void frmMain::mnuSendSingle_Click() {
-    struct Check {
-        const std::string* text;
-        int message;
-        const char* focus;
-    };
-    const Check checks[] = {
-        {&txtMessage.Text, sid::PleaseEnterText, "txtMessage"},
-        {&Services.Text, sid::PleaseSetUpSmsc, "txtMessage"},
-        {&txtCountryCode.Text, sid::PleaseEnterCountryCode, "txtCountryCode"},
-        {&txtAreaCode.Text, sid::PleaseEnterAreaCode, "txtAreaCode"},
-        {&txtNumber.Text, sid::PleaseEnterNumber, "txtNumber"},
-    };
-    for (const auto& check : checks) {
-        if (check.text->empty()) {
-            ShowMessageBox(LoadResString(check.message), MbInformation);
-            focusedControl = check.focus;
-            return;
-        }
-    }
+    if (!CheckComposePanel()) return;
     if (!SaveQueueBuffer()) return;
     if (!ResetQueueBuffer()) return;
     mnuQueue_Click();

@@ -32,34 +32,29 @@ void frmMain::TapRow() {
         state.ExpectedPrompt = kAck;
         SendNextMessage();
     } else if (prompt == kAck) {
-        const bool more = state.MoreInCall;
-        EndMessage(sid::MessageSentSuccessfully);
-        if (more) {
-            WaitSecs(2);
-            SendNextMessage();
-        } else {
-            ShowStatus(LoadResString(sid::MessageSentSuccessfully));
-            WaitSecs(2);
-            state.ExpectedPrompt = kEot;
-            SendText(std::string(1, EOT) + CR);
-        }
+        TapBlockAnswered(sid::MessageSentSuccessfully);
     }
     // EOT: the common checks have ended the call already.
 }
 
+// A block was acknowledged or refused: the next block follows, or the sign-off.
+void frmMain::TapBlockAnswered(int statusId) {
+    const bool more = state.MoreInCall;
+    EndMessage(statusId);
+    if (more) {
+        WaitSecs(2);
+        SendNextMessage();
+        return;
+    }
+    ShowStatus(LoadResString(statusId));
+    WaitSecs(2);
+    state.ExpectedPrompt = kEot;
+    SendText(std::string(1, EOT) + CR);
+}
+
 void frmMain::TapRefusedCheck() {
     if (state.ExpectedPrompt == kAck) {
-        const bool more = state.MoreInCall;
-        EndMessage(sid::MessageRejectedBySmsc);
-        if (more) {
-            WaitSecs(2);
-            SendNextMessage();
-        } else {
-            ShowStatus(LoadResString(sid::MessageRejectedBySmsc));
-            WaitSecs(2);
-            state.ExpectedPrompt = kEot;
-            SendText(std::string(1, EOT) + CR);
-        }
+        TapBlockAnswered(sid::MessageRejectedBySmsc);
         return;
     }
     ShowStatus(LoadResString(sid::FailedLoggingOnAgain));

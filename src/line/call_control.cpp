@@ -4,17 +4,7 @@
 #include "ui/frm_main.h"
 
 namespace parlane {
-namespace {
-
-std::string TrimBlanks(std::string text) {
-    for (auto& c : text)
-        if (c == '\0') c = ' ';
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void frmMain::SetCallingLook() {
     mnuHangUp.Enabled = true;
@@ -145,6 +135,17 @@ void frmMain::DialCenter() {
     }
 }
 
+// The current location's country code, when telephony knows one, goes into the panel.
+void frmMain::ShowLocationCountryCode() {
+    std::string country;
+    if (tapi.tapiGetLocationInfo(country) < 0) return;
+    country = BlankNuls(country);
+    const auto first = country.find_first_not_of(' ');
+    txtCountryCode.Text = first == std::string::npos
+                              ? std::string()
+                              : country.substr(first, country.find_last_not_of(' ') - first + 1);
+}
+
 void frmMain::HangUp() {
     timSafetyTimer.setEnabled(false);
     timSendCR.setEnabled(false);
@@ -162,8 +163,7 @@ void frmMain::HangUp() {
     state.ExpectedPrompt.clear();
     ShowStatus(LoadResString(sid::Disconnected));
     timCommEvent.setInterval(1);
-    std::string country;
-    if (tapi.tapiGetLocationInfo(country) >= 0) txtCountryCode.Text = TrimBlanks(country);
+    ShowLocationCountryCode();
     txtMessage.Text.clear();
     txtAreaCode.Text.clear();
     txtNumber.Text.clear();

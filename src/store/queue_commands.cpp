@@ -29,28 +29,31 @@ void RemoveFile(const std::filesystem::path& path) {
 
 }  // namespace
 
-void frmMain::mnuQueue_Click() {
+bool frmMain::CheckComposePanel() {
     struct Check {
-        const TextBox* box;
-        bool servicesCheck;
+        const std::string* text;
         int message;
         const char* focus;
     };
     const Check checks[] = {
-        {&txtMessage, false, sid::PleaseEnterText, "txtMessage"},
-        {nullptr, true, sid::PleaseSetUpSmsc, "txtMessage"},
-        {&txtCountryCode, false, sid::PleaseEnterCountryCode, "txtCountryCode"},
-        {&txtAreaCode, false, sid::PleaseEnterAreaCode, "txtAreaCode"},
-        {&txtNumber, false, sid::PleaseEnterNumber, "txtNumber"},
+        {&txtMessage.Text, sid::PleaseEnterText, "txtMessage"},
+        {&Services.Text, sid::PleaseSetUpSmsc, "txtMessage"},
+        {&txtCountryCode.Text, sid::PleaseEnterCountryCode, "txtCountryCode"},
+        {&txtAreaCode.Text, sid::PleaseEnterAreaCode, "txtAreaCode"},
+        {&txtNumber.Text, sid::PleaseEnterNumber, "txtNumber"},
     };
     for (const auto& check : checks) {
-        const bool empty = check.servicesCheck ? Services.Text.empty() : check.box->Text.empty();
-        if (empty) {
+        if (check.text->empty()) {
             ShowMessageBox(LoadResString(check.message), MbInformation);
             focusedControl = check.focus;
-            return;
+            return false;
         }
     }
+    return true;
+}
+
+void frmMain::mnuQueue_Click() {
+    if (!CheckComposePanel()) return;
 
     BusyCursor busy(*this);
     QueuedMessage record;

@@ -186,6 +186,7 @@ class frmMain {
     bool RunCommonChecks();
     void RunPromptRow();
     void TapRefusedCheck();
+    void TapBlockAnswered(int statusId);
     void TapRow();
     void SendTapBlock(const QueuedMessage& head, const Provider& centre);
     void SendUcpFrame(const QueuedMessage& head, const Provider& centre);
@@ -204,6 +205,9 @@ class frmMain {
     void ShowQueueCount();
     void AddQueueRow(const QueuedMessage& message);
     void ReadyPanel();
+    // The five checks of the compose panel, in order; false after showing the first failure.
+    bool CheckComposePanel();
+    void ShowLocationCountryCode();
     void ApplyBlockRule(const QueuedMessage& head, const Provider& centre);
     void StopSaveBack();
     void MoveBatchBackToQueue(MessageTable batch);

@@ -6,22 +6,7 @@
 #include "ui/frm_main.h"
 
 namespace parlane {
-namespace {
-
-std::string Trim(std::string text) {
-    const auto first = text.find_first_not_of(' ');
-    if (first == std::string::npos) return {};
-    const auto last = text.find_last_not_of(' ');
-    return text.substr(first, last - first + 1);
-}
-
-std::string BlankNuls(std::string text) {
-    for (auto& c : text)
-        if (c == '\0') c = ' ';
-    return text;
-}
-
-}  // namespace
+namespace {}  // namespace
 
 void frmMain::reportDamage(const std::filesystem::path& file) {
     const auto aside = KeepDamagedCopy(file);
@@ -71,8 +56,7 @@ void frmMain::Form_Load() {
     QueueBuffer = EmptyMessageTable();
 
     // Step 7.
-    std::string country;
-    if (tapi.tapiGetLocationInfo(country) >= 0) txtCountryCode.Text = Trim(BlankNuls(country));
+    ShowLocationCountryCode();
 
     // Step 8.
     Services.Clear();
