@@ -34,7 +34,9 @@ void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& messa
         fields.centreName = LoadResString(sid::Unknown);
     else
         fields.centreName = Providers[static_cast<std::size_t>(message.ProviderIndex)].ProviderName;
-    fields.recipient = RecipientNumberText(message);
+    fields.recipient =
+        FindNameByNumber(Directory, message.CountryCode, message.AreaCode, message.Number);
+    if (fields.recipient.empty()) fields.recipient = RecipientNumberText(message);
     fields.status = status;
     fields.messageLabel = LoadResString(sid::MessageLabel);
     fields.text = message.Text;

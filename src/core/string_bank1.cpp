@@ -330,6 +330,15 @@ constexpr std::array kBank1 = {
     BankString{sid::ImportingEllipsis, "Importing ..."},
     BankString{sid::ErrorImportingNames,
                "Error Importing Names. Please check that the file format used is correct"},
+    BankString{sid::GroupNameNotAllowed,
+               "This name cannot be used for a Group. Please choose a name without / \\ or control "
+               "characters that is not group, smsc, phones or queue"},
+    BankString{sid::FilesNotCopied, "These files were not copied:"},
+    BankString{sid::NotCopiedTableName,
+               "the name belongs to a table of Parlane, so a group's file of that name would "
+               "replace it"},
+    BankString{sid::NotCopiedDamaged,
+               "the file is damaged, and the file already in its place was kept"},
     BankString{sid::MessageLabel, "Message:"},
     BankString{sid::TitleSaveDebugFile, "Save Debug File"},
     BankString{sid::ColumnDateSent, "Date Sent:"},

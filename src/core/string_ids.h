@@ -256,6 +256,8 @@ inline constexpr int NoNamesInGroup = 1277;
 inline constexpr int QueueingGroupMessages = 1278;
 inline constexpr int PleaseSelectGroupToDelete = 1279;
 inline constexpr int MustLeaveOneGroup = 1280;
+// Our own: a group name that cannot be a file name of its own.
+inline constexpr int GroupNameNotAllowed = 1297;
 inline constexpr int AreYouCertainRemove = 1281;
 inline constexpr int GroupQuestionEnd = 1282;
 inline constexpr int ErrorQueueingGroupByRemote = 1283;
@@ -358,6 +360,11 @@ inline constexpr int NoEntriesToExport = 1293;
 inline constexpr int CsvFileFilter = 1294;
 inline constexpr int ImportingEllipsis = 1295;
 inline constexpr int ErrorImportingNames = 1296;
+// Our own: the closing report of a backup or restore lists the files it left alone, each with
+// its name, ": " and one of these reasons or the system's text for a failed copy.
+inline constexpr int FilesNotCopied = 1298;
+inline constexpr int NotCopiedTableName = 1299;
+inline constexpr int NotCopiedDamaged = 1300;
 
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;

@@ -161,6 +161,7 @@ int RunProgram(int argc, char** argv) {
         };
     }
     window.onClosed = [] { QApplication::quit(); };
+    form.onExit = [&window] { window.modelClosed(); };
     if (options.demo) {
         // The demo shows the bytes on the line too, control bytes as <n>.
         modem.onTraffic = [started](bool toCentre, const std::string& bytes) {
@@ -174,7 +175,14 @@ int RunProgram(int argc, char** argv) {
                          toCentre ? "to centre  " : "from centre", shown.c_str());
         };
     }
-    window.show();
+    // The start's name and message come last, as the load's final step.
+    std::string commandLine;
+    for (const auto& word : options.rest) commandLine += (commandLine.empty() ? "" : " ") + word;
+    form.HandleCommandLine(Utf8ToCp1252(commandLine));
+    if (form.minimised)
+        window.showMinimized();
+    else
+        window.show();
 
     if (!options.screenshot.empty()) {
         QTimer::singleShot(800, &window, [&window, &options] {

@@ -224,6 +224,13 @@ void MainWindow::mirrorNoResponse() {
     }
 }
 
+void MainWindow::modelClosed() {
+    closed_ = true;
+    form_.setObserver(nullptr);
+    close();
+    if (onClosed) onClosed();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!closed_) {
         closed_ = true;

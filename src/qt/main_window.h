@@ -23,6 +23,8 @@ class MainWindow : public QMainWindow, public FormObserver {
     explicit MainWindow(frmMain& form);
     void statusChanged(const std::string& status) override;
     void controlsChanged() override;
+    // The model has unloaded itself: close without running its handlers again.
+    void modelClosed();
     // Called once the model's close handlers have run.
     std::function<void()> onClosed;
     // Each status line as it is shown.

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "core/cp1252.h"
+
 namespace parlane {
 
 struct TextBox {
@@ -22,9 +24,14 @@ struct ListControl {
     int ListIndex = -1;
     std::string Text;
     bool Enabled = true;
+    // A sorted list keeps its rows in alphabetical order without regard to case.
+    bool Sorted = false;
 
     int ListCount() const { return static_cast<int>(rows.size()); }
-    void AddItem(std::string row) { rows.push_back(std::move(row)); }
+    // Returns the row the new item took.
+    int AddItem(std::string row);
+    // The first row equal to `text`, exact as to case; -1 when none is.
+    int FindRow(const std::string& text) const;
     void Clear() {
         rows.clear();
         ListIndex = -1;
@@ -44,6 +51,25 @@ struct ListControl {
             --ListIndex;
     }
 };
+
+inline int ListControl::AddItem(std::string row) {
+    auto at = rows.end();
+    if (Sorted) {
+        const std::string key = Cp1252LowerCase(row);
+        at = rows.begin();
+        while (at != rows.end() && Cp1252LowerCase(*at) <= key) ++at;
+    }
+    const int index = static_cast<int>(at - rows.begin());
+    rows.insert(at, std::move(row));
+    if (ListIndex >= index) ++ListIndex;
+    return index;
+}
+
+inline int ListControl::FindRow(const std::string& text) const {
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (rows[i] == text) return static_cast<int>(i);
+    return -1;
+}
 
 struct MenuItem {
     bool Enabled = true;

@@ -83,12 +83,4 @@ void frmMain::timAnimate_Timer() {
     if (state.CallActive) onlineFrame = (onlineFrame + 1) % 4;
 }
 
-// The command-line start is not wired in yet; its timers have nothing to do.
-void frmMain::tmrCommandLine_Timer() {
-    tmrCommandLine.setEnabled(false);
-}
-void frmMain::tmrCommandCompleted_Timer() {
-    tmrCommandCompleted.setEnabled(false);
-}
-
 }  // namespace parlane

@@ -22,6 +22,7 @@
 #include "line/serial_link.h"
 #include "line/tapi_subs.h"
 #include "line/telephony.h"
+#include "store/directory.h"
 #include "store/message_queue.h"
 #include "store/provider.h"
 #include "ui/controls.h"
@@ -65,6 +66,8 @@ class frmMain {
     frmMain& operator=(const frmMain&) = delete;
 
     void setObserver(FormObserver* observer) { observer_ = observer; }
+    // Called after the window unloaded itself (a command-line start that is done).
+    std::function<void()> onExit;
 
     // Life of the window.
     void Form_Load();
@@ -106,6 +109,31 @@ class frmMain {
     void cmdYes_Click();
     void cmdNo_Click();
 
+    // Directory and groups.
+    int FindName(const std::string& name) const;
+    // Adds the entry, or overwrites the one of the same name; rewrites phones.dat.
+    void SaveDirectoryEntry(const DirectoryEntry& entry);
+    void DeleteDirectoryEntry(int index);
+    void cmbGroupName_Click();
+    void SaveGroupMembers();
+    // False, after telling the user why, when the name cannot be a group.
+    bool AddGroup(const std::string& name);
+    void DeleteSelectedGroup();
+
+    // Queuing by name.
+    void QueueMessage(const std::string& name);
+    void QueueGroupMessage(const std::string& name);
+    void UsePhoneEntry();
+
+    // Automation and the command line.
+    void RemoteQueueName(const std::string& name);
+    void RemoteQueue() { mnuQueue_Click(); }
+    void RemoteQueueGroup();
+    void RemoteSend() { mnuSend_Click(); }
+    void QueueFromCommandLine(const std::string& message, const std::string& name);
+    // The arguments after the program's own options, as one command line.
+    void HandleCommandLine(const std::string& commandLine);
+
     // Archive.
     void SaveToOutbox(const std::string& status, const QueuedMessage& message);
 
@@ -118,7 +146,7 @@ class frmMain {
 
     // ----- Controls -----
     TextBox txtCountryCode, txtAreaCode, txtNumber, txtMessage, txtMessageQueue;
-    ListControl Services, Names, cmbGroupName, MessageQueue;
+    ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup;
     Label lblInfo, lblTotal, lblOnline;
     std::string lblEvent = "1";
     MenuItem mnuQueue, mnuSend, mnuSendSingle, mnuHangUp, mnuViewQueue, mnuGroup, mnuTools;
@@ -134,6 +162,7 @@ class frmMain {
 
     // ----- Tables and state -----
     std::vector<Provider> Providers;
+    std::vector<DirectoryEntry> Directory;
     MessageTable QueueBuffer = EmptyMessageTable();
     MessageTable SendBuffer = EmptyMessageTable();
     SendState state;
@@ -216,6 +245,12 @@ class frmMain {
     void SetCallingLook();
     void SelectDefaultCentre();
     void LoadProviders();
+    void LoadDirectory();
+    void ArchiveUnknownName(const std::string& name);
+    void LoadGroups();
+    bool WriteDirectoryFile();
+    bool WriteGroupList();
+    std::filesystem::path groupFile(const std::string& group) const;
     void reportDamage(const std::filesystem::path& file);
 
     // The recovery journal: every pending message, rewritten when the tables change.

@@ -92,6 +92,10 @@ void frmMain::Form_Load() {
     // Step 15.
     if (auto v = settings_.GetSettingInt("Settings", "Timeout", 30)) ResponseTimeoutSecs = *v;
 
+    // Steps 16 and 17.
+    LoadDirectory();
+    LoadGroups();
+
     // Step 18, then whatever a crash left behind.
     LoadQueueAtStart();
     RecoverJournal();

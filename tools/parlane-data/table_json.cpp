@@ -3,12 +3,23 @@
 #include <array>
 
 #include "parlane-data/field_json.h"
-#include "parlane-data/phone_book_records.h"
+#include "store/directory.h"
 #include "store/message_queue.h"
 #include "store/provider.h"
 
 namespace parlane::data {
 namespace {
+
+// group.dat and the member files hold one string a record.
+struct GroupEntry {
+    std::string Name;
+};
+bool ReadGroupEntry(RecordReader& reader, GroupEntry& out) {
+    return reader.readString(out.Name);
+}
+bool WriteGroupEntry(RecordWriter& writer, const GroupEntry& entry) {
+    return writer.writeString(entry.Name);
+}
 
 template <typename Record>
 struct RecordCodec {

@@ -1,0 +1,168 @@
+// The directory and the groups as the main window keeps them: tables, list boxes and files.
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+
+#include "core/file_io.h"
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+namespace {
+
+bool FileExists(const std::filesystem::path& path) {
+    std::error_code ec;
+    return std::filesystem::exists(path, ec);
+}
+
+}  // namespace
+
+std::filesystem::path frmMain::groupFile(const std::string& group) const {
+    return homePath("Data") / (group + ".dat");
+}
+
+void frmMain::LoadDirectory() {
+    const auto path = homePath("phones.dat");
+    if (!FileExists(path)) WriteFileAtomically(path, {});
+    auto table = ParseDirectoryFile(ReadWholeFile(path).value_or(std::string()));
+    Directory = std::move(table.records);
+    Names.Clear();
+    Names.Sorted = true;
+    Names.Text = "Names";
+    for (const auto& e : Directory) Names.AddItem(e.Name);
+    if (table.damaged) reportDamage(path);
+}
+
+void frmMain::LoadGroups() {
+    const auto path = homePath("Data") / "group.dat";
+    std::error_code ec;
+    std::filesystem::create_directories(path.parent_path(), ec);
+    if (!FileExists(path)) WriteFileAtomically(path, {});
+    auto table = ParseNameListFile(ReadWholeFile(path).value_or(std::string()));
+    cmbGroupName.Clear();
+    cmbGroupName.Sorted = true;
+    lstGroup.Clear();
+    lstGroup.Sorted = true;
+    for (const auto& name : table.records) cmbGroupName.AddItem(name);
+    cmbGroupName.Text = LoadResString(sid::GroupsAvailable);
+    if (table.damaged) reportDamage(path);
+}
+
+int frmMain::FindName(const std::string& name) const {
+    return parlane::FindName(Directory, name);
+}
+
+bool frmMain::WriteDirectoryFile() {
+    std::string error;
+    const std::string bytes = SerializeDirectoryFile(Directory, error);
+    if (error.empty()) error = WriteFileAtomically(homePath("phones.dat"), bytes);
+    if (error.empty()) return true;
+    ShowStatus(LoadResString(sid::SavingDirectory) + " " + error);
+    return false;
+}
+
+void frmMain::SaveDirectoryEntry(const DirectoryEntry& entry) {
+    if (entry.Name.empty()) return;
+    BusyCursor busy(*this);
+    const int found = FindName(entry.Name);
+    if (found < 0) {
+        Directory.push_back(entry);
+        Names.AddItem(entry.Name);
+        Names.Text = entry.Name;
+    } else {
+        // A new spelling of the same name replaces the old one in the box too.
+        auto& old = Directory[static_cast<std::size_t>(found)];
+        if (old.Name != entry.Name) {
+            Names.RemoveItem(Names.FindRow(old.Name));
+            Names.AddItem(entry.Name);
+        }
+        old = entry;
+    }
+    progress.Visible = true;
+    progress.Value = 100;
+    WriteDirectoryFile();
+    progress.Visible = false;
+    changed();
+}
+
+void frmMain::DeleteDirectoryEntry(int index) {
+    if (index < 0 || index >= static_cast<int>(Directory.size())) return;
+    Names.RemoveItem(Names.FindRow(Directory[static_cast<std::size_t>(index)].Name));
+    Directory.erase(Directory.begin() + index);
+    if (Names.ListCount() > 0) Names.select(0);
+    WriteDirectoryFile();
+    changed();
+}
+
+void frmMain::cmbGroupName_Click() {
+    lstGroup.Clear();
+    const std::string group = cmbGroupName.Text;
+    if (GroupNameProblem(group) != 0) return;  // never a path of our own making
+    const auto path = groupFile(group);
+    if (!FileExists(path)) {
+        const auto error = WriteFileAtomically(path, {});
+        if (!error.empty()) {
+            setStatusRaw(LoadResString(sid::LoadingWord) + " " + group + " " +
+                         LoadResString(sid::GroupMemberNames) + " " + error);
+            return;
+        }
+    }
+    auto table = ParseNameListFile(ReadWholeFile(path).value_or(std::string()));
+    for (const auto& name : table.records) lstGroup.AddItem(name);
+    if (table.damaged) reportDamage(path);
+    changed();
+}
+
+void frmMain::SaveGroupMembers() {
+    if (lstGroup.ListCount() == 0) return;
+    const std::string group = cmbGroupName.Text;
+    std::string error;
+    const std::string bytes = SerializeNameListFile(lstGroup.rows, error);
+    if (error.empty() && GroupNameProblem(group) == 0)
+        error = WriteFileAtomically(groupFile(group), bytes);
+    if (!error.empty())
+        ShowStatus(LoadResString(sid::SavingWord) + " " + group + " " +
+                   LoadResString(sid::GroupListWord) + " " + error);
+}
+
+bool frmMain::WriteGroupList() {
+    std::string error;
+    const std::string bytes = SerializeNameListFile(cmbGroupName.rows, error);
+    if (error.empty()) error = WriteFileAtomically(homePath("Data") / "group.dat", bytes);
+    return error.empty();
+}
+
+bool frmMain::AddGroup(const std::string& name) {
+    if (name.empty()) {
+        ShowMessageBox(LoadResString(sid::PleaseEnterGroupName), MbInformation);
+        return false;
+    }
+    if (cmbGroupName.FindRow(name) >= 0) {
+        ShowMessageBox(LoadResString(sid::GroupNameExists), MbInformation);
+        return false;
+    }
+    if (const int problem = GroupNameProblem(name)) {
+        ShowMessageBox(LoadResString(problem), MbExclamation);
+        return false;
+    }
+    cmbGroupName.AddItem(name);
+    if (!WriteGroupList()) ShowStatus(LoadResString(sid::AddingGroupName));
+    cmbGroupName.select(std::max(cmbGroupName.FindRow(name), 0));
+    cmbGroupName_Click();
+    return true;
+}
+
+void frmMain::DeleteSelectedGroup() {
+    const int row = cmbGroupName.ListIndex;
+    if (row < 0 || cmbGroupName.ListCount() <= 1) return;
+    const std::string group = cmbGroupName.rows[static_cast<std::size_t>(row)];
+    cmbGroupName.RemoveItem(row);
+    cmbGroupName.select(0);
+    cmbGroupName_Click();
+    std::error_code ec;
+    if (GroupNameProblem(group) == 0) std::filesystem::remove(groupFile(group), ec);
+    if (!WriteGroupList()) ShowStatus(LoadResString(sid::DeletingGroupName));
+    changed();
+}
+
+}  // namespace parlane

@@ -1,0 +1,162 @@
+// Directory, groups and queuing by name on the main window's model.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "automation/command_line.h"
+#include "core/file_io.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::MakeProvider;
+using testing::TestPlatform;
+
+struct NameFixture : ::testing::Test {
+    TestPlatform p;
+    frmMain* f = nullptr;
+    void SetUp() override {
+        p.writeProviders(
+            {MakeProvider("Alpha"), MakeProvider("BT Cellnet UK"), MakeProvider("Gamma")});
+        std::string error;
+        WriteFileAtomically(p.home / "phones.dat",
+                            SerializeDirectoryFile({{"Zoe", "44", "07", "111", "Gamma"},
+                                                    {"ann", "44", "07", "222", ""},
+                                                    {"Bob", "44", "07", "333", "Gone"}},
+                                                   error));
+        f = &p.load();
+    }
+    std::string lastArchive() const {
+        const auto files = p.archiveFiles();
+        return files.empty() ? std::string() : p.archiveFile(files.back());
+    }
+};
+
+TEST_F(NameFixture, LoadSortsTheNamesAndArchiveNamesTheRecipient) {
+    EXPECT_EQ(f->Names.rows, (std::vector<std::string>{"ann", "Bob", "Zoe"}));
+    EXPECT_EQ(f->Names.Text, "Names");
+    f->txtMessage.Text = "hi";
+    f->QueueMessage("ZOE");
+    EXPECT_EQ(f->Services.Text, "Gamma");
+    EXPECT_EQ(f->lblInfo.Caption, "Waiting to Send  ");
+    EXPECT_TRUE(f->timSendMessages.Enabled());
+    f->SaveToOutbox("Message Sent Successfully", f->QueueBuffer[1]);
+    EXPECT_NE(lastArchive().find("Sent To: \tZoe\r\n"), std::string::npos);
+}
+
+TEST_F(NameFixture, UnknownNamesAreArchivedNotQueued) {
+    f->txtMessage.Text = "for nobody";
+    f->QueueMessage("Nobody");
+    EXPECT_EQ(UpperBound(f->QueueBuffer), 0);
+    EXPECT_FALSE(f->timSendMessages.Enabled());
+    EXPECT_NE(lastArchive().find("Status: \tAborted - Nobody is not in Telephone Directory\r\n"),
+              std::string::npos);
+    EXPECT_NE(lastArchive().find("for nobody"), std::string::npos);
+}
+
+TEST_F(NameFixture, CentreChoiceDiffersBetweenPersonAndGroupMember) {
+    // Bob's centre is gone: the group member goes to the default centre, the person keeps
+    // whatever the panel shows.
+    f->Services.select(2);
+    f->txtMessage.Text = "x";
+    f->QueueMessage("Bob");
+    EXPECT_EQ(f->QueueBuffer[1].ProviderName, "Gamma");
+    f->Services.select(0);
+    f->txtMessage.Text = "y";
+    f->QueueGroupMessage("ann");
+    EXPECT_EQ(f->QueueBuffer[2].ProviderName, "BT Cellnet UK");
+
+    f->Names.Text = "bob";
+    f->UsePhoneEntry();
+    EXPECT_EQ(f->txtNumber.Text, "333");
+    EXPECT_EQ(f->Names.Text, "Bob");
+    EXPECT_EQ(f->Services.Text, "BT Cellnet UK");
+}
+
+TEST_F(NameFixture, DirectoryEditsRewriteTheFile) {
+    f->SaveDirectoryEntry({"ANN", "44", "07", "555", ""});  // same name, new spelling
+    f->SaveDirectoryEntry({"Cleo", "39", "06", "1", ""});
+    auto saved = ParseDirectoryFile(*ReadWholeFile(p.home / "phones.dat")).records;
+    ASSERT_EQ(saved.size(), 4u);
+    EXPECT_EQ(saved[1], (DirectoryEntry{"ANN", "44", "07", "555", ""}));
+    EXPECT_EQ(saved[3].Name, "Cleo");
+    EXPECT_EQ(f->Names.rows, (std::vector<std::string>{"ANN", "Bob", "Cleo", "Zoe"}));
+    f->DeleteDirectoryEntry(0);
+    saved = ParseDirectoryFile(*ReadWholeFile(p.home / "phones.dat")).records;
+    EXPECT_EQ(saved.size(), 3u);
+    EXPECT_EQ(f->Names.FindRow("Zoe"), -1);
+}
+
+TEST_F(NameFixture, GroupsKeepTheirFilesAndRefuseUnsafeNames) {
+    EXPECT_TRUE(f->AddGroup("Staff"));
+    EXPECT_TRUE(std::filesystem::exists(p.home / "Data" / "Staff.dat"));
+    EXPECT_FALSE(f->AddGroup("Staff"));
+    for (const char* bad : {"", "group", "../phones", "SMSC"}) EXPECT_FALSE(f->AddGroup(bad));
+    EXPECT_FALSE(std::filesystem::exists(p.home / "phones.dat.dat"));
+    EXPECT_EQ(ParseNameListFile(*ReadWholeFile(p.home / "Data" / "group.dat")).records,
+              std::vector<std::string>{"Staff"});
+
+    f->lstGroup.AddItem("Zoe");
+    f->lstGroup.AddItem("ann");
+    f->SaveGroupMembers();
+    f->lstGroup.Clear();
+    f->cmbGroupName_Click();
+    EXPECT_EQ(f->lstGroup.rows, (std::vector<std::string>{"ann", "Zoe"}));
+
+    f->txtMessage.Text = "to all";
+    f->RemoteQueueGroup();
+    ASSERT_EQ(UpperBound(f->QueueBuffer), 2);
+    EXPECT_EQ(f->QueueBuffer[2].Text, "to all");
+
+    // Removing the last member leaves the file as it was.
+    f->lstGroup.Clear();
+    f->SaveGroupMembers();
+    EXPECT_EQ(ParseNameListFile(*ReadWholeFile(p.home / "Data" / "Staff.dat")).records.size(), 2u);
+    f->RemoteQueueGroup();
+    EXPECT_EQ(f->lblInfo.Caption, "Error Queueing Group Messages By Remote - Group Not Found");
+}
+
+TEST(CommandLine, ArgumentsLimitsAndTheMessage) {
+    EXPECT_EQ(GetCommandLine(""), std::vector<std::string>(1));
+    const auto a = GetCommandLine("  Ann \t hello   there ");
+    EXPECT_EQ(a, (std::vector<std::string>{"", "Ann", "hello", "there"}));
+    EXPECT_EQ(CommandLineMessage(a), "hello there");
+    EXPECT_EQ(CommandLineMessage(GetCommandLine("Ann")), "Ann");
+    std::string sixty;
+    for (int i = 0; i < 60; ++i) sixty += "w ";
+    EXPECT_EQ(GetCommandLine(sixty).size(), 52u);
+    const auto cut = GetCommandLine("Ann " + std::string(196, 'x'));
+    EXPECT_EQ(cut[2].size(), 167u);  // 171 characters count, the name and its blank included
+}
+
+TEST(CommandLine, StartSendsAndEndsByItselfAfterTheCall) {
+    for (const char* line : {"Ann  hello from   a script", "-Embedding", "/automation.embedding"}) {
+        TestPlatform p;
+        p.useSimulatedModem();
+        auto centre = MakeProvider("Sim");
+        centre.AreaCode = "0800";
+        centre.Number = "100100";
+        p.writeProviders({centre});
+        std::string error;
+        WriteFileAtomically(p.home / "phones.dat",
+                            SerializeDirectoryFile({{"Ann", "44", "07700", "900123", ""}}, error));
+        auto& f = p.load();
+        bool exited = false;
+        f.onExit = [&] { exited = true; };
+        f.HandleCommandLine(line);
+        EXPECT_TRUE(f.minimised);
+        p.loop.runUntil([&] { return exited; });
+        const bool embedding = std::string(line).find("mbedding") != std::string::npos;
+        EXPECT_EQ(exited, !embedding) << line;
+        EXPECT_EQ(p.archiveFiles().size(), embedding ? 0u : 1u) << line;
+        if (!embedding) {
+            const auto text = p.archiveFile(p.archiveFiles()[0]);
+            EXPECT_NE(text.find("Sent To: \tAnn"), std::string::npos);
+            EXPECT_NE(text.find("hello from a script\r\n"), std::string::npos);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace parlane
