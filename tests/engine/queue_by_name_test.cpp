@@ -55,6 +55,17 @@ TEST_F(NameFixture, UnknownNamesAreArchivedNotQueued) {
     EXPECT_NE(lastArchive().find("for nobody"), std::string::npos);
 }
 
+TEST_F(NameFixture, AnArchiveThatCannotBeWrittenIsReportedAndNothingElseStops) {
+    std::filesystem::remove_all(p.home / "SMS" / "Outbox");
+    WriteFileAtomically(p.home / "SMS" / "Outbox", "not a folder");
+    f->txtMessage.Text = "lost copy";
+    f->QueueMessage("Nobody");
+    EXPECT_EQ(f->lblInfo.Caption, "20 Saving to Outbox Not a directory  ");
+    f->txtMessage.Text = "still queued";
+    f->QueueMessage("Zoe");
+    EXPECT_EQ(UpperBound(f->QueueBuffer), 1);
+}
+
 TEST_F(NameFixture, CentreChoiceDiffersBetweenPersonAndGroupMember) {
     // Bob's centre is gone: the group member goes to the default centre, the person keeps
     // whatever the panel shows.
