@@ -29,7 +29,10 @@ void frmMain::LoadDirectory() {
     Names.Clear();
     Names.Sorted = true;
     Names.Text = "Names";
-    for (const auto& e : Directory) Names.AddItem(e.Name);
+    std::vector<std::string> names;
+    names.reserve(Directory.size());
+    for (const auto& e : Directory) names.push_back(e.Name);
+    Names.SetItems(std::move(names));
     if (table.damaged) reportDamage(path);
 }
 
@@ -43,7 +46,7 @@ void frmMain::LoadGroups() {
     cmbGroupName.Sorted = true;
     lstGroup.Clear();
     lstGroup.Sorted = true;
-    for (const auto& name : table.records) cmbGroupName.AddItem(name);
+    cmbGroupName.SetItems(table.records);
     cmbGroupName.Text = LoadResString(sid::GroupsAvailable);
     if (table.damaged) reportDamage(path);
 }
@@ -108,7 +111,7 @@ void frmMain::cmbGroupName_Click() {
         }
     }
     auto table = ParseNameListFile(ReadWholeFile(path).value_or(std::string()));
-    for (const auto& name : table.records) lstGroup.AddItem(name);
+    lstGroup.SetItems(table.records);
     if (table.damaged) reportDamage(path);
     changed();
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Plain fields that a window's view mirrors: the view model side of each control.
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,8 @@ struct ListControl {
     int ListCount() const { return static_cast<int>(rows.size()); }
     // Returns the row the new item took.
     int AddItem(std::string row);
+    // Replaces all rows at once (sorted once for a sorted list); nothing is selected.
+    void SetItems(std::vector<std::string> items);
     // The first row equal to `text`, exact as to case; -1 when none is.
     int FindRow(const std::string& text) const;
     void Clear() {
@@ -56,13 +59,24 @@ inline int ListControl::AddItem(std::string row) {
     auto at = rows.end();
     if (Sorted) {
         const std::string key = Cp1252LowerCase(row);
-        at = rows.begin();
-        while (at != rows.end() && Cp1252LowerCase(*at) <= key) ++at;
+        at = std::upper_bound(
+            rows.begin(), rows.end(), key,
+            [](const std::string& k, const std::string& r) { return k < Cp1252LowerCase(r); });
     }
     const int index = static_cast<int>(at - rows.begin());
     rows.insert(at, std::move(row));
     if (ListIndex >= index) ++ListIndex;
     return index;
+}
+
+inline void ListControl::SetItems(std::vector<std::string> items) {
+    if (Sorted)
+        std::stable_sort(items.begin(), items.end(),
+                         [](const std::string& a, const std::string& b) {
+                             return Cp1252LowerCase(a) < Cp1252LowerCase(b);
+                         });
+    rows = std::move(items);
+    ListIndex = -1;
 }
 
 inline int ListControl::FindRow(const std::string& text) const {

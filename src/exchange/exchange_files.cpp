@@ -1,0 +1,61 @@
+#include "exchange/exchange_files.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+
+#include "core/cp1252.h"
+#include "core/file_io.h"
+
+namespace parlane {
+namespace {
+
+FileError SystemError(int number) {
+    return {number, std::strerror(number)};
+}
+
+// WriteFileAtomically hands back the system's text only; the number is found again from it.
+int ErrorNumberOf(const std::string& text) {
+    for (int number = 1; number < 256; ++number)
+        if (text == std::strerror(number)) return number;
+    return 0;
+}
+
+}  // namespace
+
+std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error) {
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) {
+        error = SystemError(errno);
+        return std::nullopt;
+    }
+    std::string bytes;
+    char buffer[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, buffer, sizeof buffer);
+        if (n == 0) break;
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            error = SystemError(errno);
+            ::close(fd);
+            return std::nullopt;
+        }
+        bytes.append(buffer, static_cast<std::size_t>(n));
+    }
+    ::close(fd);
+    return bytes;
+}
+
+FileError WriteFileBytes(const std::filesystem::path& path, const std::string& bytes) {
+    const std::string text = WriteFileAtomically(path, bytes);
+    if (text.empty()) return {};
+    return {ErrorNumberOf(text), text};
+}
+
+std::string PathText(const std::filesystem::path& path) {
+    return Utf8ToCp1252(path.string());
+}
+
+}  // namespace parlane

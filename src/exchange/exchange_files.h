@@ -1,0 +1,27 @@
+#pragma once
+// File reads and writes that keep the system's error number, since the copy and import messages
+// show it.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace parlane {
+
+struct FileError {
+    int number = 0;    // errno; 0 when nothing failed
+    std::string text;  // the system's text for it
+
+    explicit operator bool() const { return number != 0 || !text.empty(); }
+};
+
+// The whole file, or nullopt with `error` filled.
+std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error);
+
+// Replaces the file atomically.
+FileError WriteFileBytes(const std::filesystem::path& path, const std::string& bytes);
+
+// A path as text of the program's code page, for messages.
+std::string PathText(const std::filesystem::path& path);
+
+}  // namespace parlane

@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include "core/strings.h"
+#include "exchange/frm_backup.h"
+#include "exchange/frm_restore.h"
+#include "exchange_test_support.h"
+#include "store/directory.h"
+
+namespace parlane {
+namespace {
+
+using namespace exchange_test;
+namespace fs = std::filesystem;
+
+class PickedFolder : public FolderChooser {
+  public:
+    std::optional<fs::path> chooseFolder(const std::string&, const fs::path&) override {
+        return folder;
+    }
+    std::optional<fs::path> folder;
+};
+
+std::string Names(const std::vector<std::string>& names) {
+    std::string error;
+    return SerializeNameListFile(names, error);
+}
+
+const std::string kPhones("\3\0Ann\0\0\0\0\0\0\0\0", 13);
+const std::string kCentres(30, '\0');  // one empty centre
+
+// A home with its tables and three groups, two of them named like tables.
+void FillHome(const fs::path& home) {
+    WriteBytes(home / "smsc.dat", kCentres);
+    WriteBytes(home / "phones.dat", kPhones);
+    WriteBytes(home / "queue.dat", "queue");
+    WriteBytes(home / "Data" / "group.dat", Names({"Staff", "smsc", "Phones"}));
+    WriteBytes(home / "Data" / "Staff.dat", Names({"Ann", "Bob"}));
+    WriteBytes(home / "Data" / "smsc.dat", Names({"Ann"}));
+    WriteBytes(home / "Data" / "Phones.dat", Names({"Bob"}));
+    WriteBytes(home / "Data" / "notes.txt", "not a table");
+}
+
+// Picks `folder` and presses OK.
+template <typename Window>
+struct CopyRun {
+    CopyRun(const fs::path& home, const fs::path& folder)
+        : window(home, "/", strings, dialogues, chooser) {
+        window.Form_Load();
+        chooser.folder = folder;
+        window.cmdBrowse_Click();
+        window.cmdOK_Click();
+    }
+    Strings strings;
+    RecordingDialogues dialogues;
+    PickedFolder chooser;
+    Window window;
+};
+
+std::vector<std::string> FileNames(const fs::path& folder) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(folder))
+        if (entry.is_regular_file()) names.push_back(fs::relative(entry.path(), folder).string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+const std::string kNotCopied = "48 These files were not copied:\r\n";
+const std::string kTableName =
+    ": the name belongs to a table of Parlane, so a group's file of that name would replace it";
+
+TEST(BackupRestore, RoundTripKeepsTablesAndLeavesGroupsNamedLikeTables) {
+    TempFolder home, backup, fresh;
+    FillHome(home.path());
+    CopyRun<frmBackup> saved(home.path(), backup.path());
+    EXPECT_EQ(FileNames(backup.path()),
+              (std::vector<std::string>{"Staff.dat", "group.dat", "phones.dat", "smsc.dat"}));
+    EXPECT_EQ(ReadBytes(backup.path() / "smsc.dat"), kCentres);
+    EXPECT_EQ(ReadBytes(backup.path() / "phones.dat"), kPhones);
+    const auto data = (home.path() / "Data").string();
+    EXPECT_EQ(saved.dialogues.boxes,
+              (std::vector<std::string>{kNotCopied + data + "/Phones.dat" + kTableName + "\r\n" +
+                                            data + "/smsc.dat" + kTableName,
+                                        "64 Data Backup Completed"}));
+    EXPECT_TRUE(saved.window.closed && !saved.window.busy);
+
+    CopyRun<frmRestore> restored(fresh.path(), backup.path());
+    EXPECT_EQ(FileNames(fresh.path()), (std::vector<std::string>{"Data/Staff.dat", "Data/group.dat",
+                                                                 "phones.dat", "smsc.dat"}));
+    EXPECT_EQ(ReadBytes(fresh.path() / "Data/group.dat"),
+              ReadBytes(home.path() / "Data/group.dat"));
+    EXPECT_EQ(restored.dialogues.boxes,
+              (std::vector<std::string>{"64 Data Restoration Completed. Please Restart Parlane"}));
+}
+
+TEST(BackupRestore, RestoreTellsWhatIsMissingAndNeverCopiesOverATable) {
+    TempFolder home, backup;
+    FillHome(home.path());
+    WriteBytes(backup.path() / "queue.dat", "other queue");
+    WriteBytes(backup.path() / "SMSC.DAT", Names({"x"}));
+    WriteBytes(backup.path() / "Friends.DAT", Names({"Cy"}));
+    WriteBytes(backup.path() / "phones.bak", "old");
+    CopyRun<frmRestore> run(home.path(), backup.path());
+    const auto folder = backup.path().string();
+    EXPECT_EQ(run.dialogues.boxes,
+              (std::vector<std::string>{"48 " + folder + "/smsc.dat not found. Continue?",
+                                        "48 " + folder + "/phones.dat not found. Continue?",
+                                        kNotCopied + folder + "/queue.dat" + kTableName,
+                                        "64 Data Restoration Completed. Please Restart Parlane"}));
+    EXPECT_EQ(ReadBytes(home.path() / "smsc.dat"), kCentres);
+    EXPECT_EQ(ReadBytes(home.path() / "queue.dat"), "queue");
+    EXPECT_EQ(ReadBytes(home.path() / "Data/Friends.DAT"), Names({"Cy"}));
+    for (const char* absent : {"Data/queue.dat", "Data/SMSC.DAT", "phones.bak", "Data/phones.bak"})
+        EXPECT_FALSE(fs::exists(home.path() / absent)) << absent;
+}
+
+TEST(BackupRestore, DamagedTableReplacesNothing) {
+    const std::string torn = kPhones.substr(0, kPhones.size() - 1);
+    struct Case {
+        bool restore;
+        bool targetExists;
+    };
+    for (const auto c : {Case{true, true}, Case{true, false}, Case{false, true}}) {
+        TempFolder home, backup;
+        FillHome(home.path());
+        FillHome(backup.path());
+        const fs::path from = (c.restore ? backup.path() : home.path()) / "phones.dat";
+        const fs::path to = (c.restore ? home.path() : backup.path()) / "phones.dat";
+        WriteBytes(from, torn);
+        if (!c.targetExists) fs::remove(to);
+        const auto boxes = c.restore
+                               ? CopyRun<frmRestore>(home.path(), backup.path()).dialogues.boxes
+                               : CopyRun<frmBackup>(home.path(), backup.path()).dialogues.boxes;
+        EXPECT_EQ(ReadBytes(to), c.targetExists ? kPhones : torn);
+        const std::string told =
+            kNotCopied + from.string() +
+            ": the file is damaged, and the file already in its place was kept";
+        EXPECT_EQ(boxes[0].find(told) == 0, c.targetExists) << boxes[0];
+    }
+}
+
+TEST(BackupRestore, UnreachableFolderCopiesNothing) {
+    TempFolder home;
+    FillHome(home.path());
+    CopyRun<frmBackup> run(home.path(), home.path() / "gone");
+    EXPECT_EQ(run.dialogues.boxes,
+              (std::vector<std::string>{"16 " + (home.path() / "gone").string() +
+                                        " is not accessible.\r\n\r\nThe device is not ready."}));
+    EXPECT_TRUE(run.window.Dir1 == "/" && !run.window.closed);
+    EXPECT_EQ(FileNames(home.path()).size(), 8u);
+}
+
+}  // namespace
+}  // namespace parlane
