@@ -41,8 +41,8 @@ void BM_ReceivePath(benchmark::State& state) {
         }
         state.PauseTiming();
         const bool stillUp = f.state.CallActive;
-        const std::size_t kept = f.state.UcpDialogue ? f.state.UcpReceiveBuffer.size()
-                                                     : f.state.ReceiveBuffer.size();
+        const std::size_t kept =
+            f.state.UcpDialogue ? f.state.UcpReceiveBuffer.size() : f.state.ReceiveBuffer.size();
         state.ResumeTiming();
         if (!stillUp) state.SkipWithError("the call ended: the filler matched something");
         benchmark::DoNotOptimize(kept);

@@ -13,7 +13,7 @@ inline constexpr std::size_t kRxBufferSize = 1000;
 using RxBufferArray = std::array<std::uint8_t, kRxBufferSize>;
 
 class SerialLink {
-public:
+  public:
     virtual ~SerialLink() = default;
     // `onCommEvent` may be called from another thread: it must only record the code and wake the
     // loop. Code 1 means characters wait. Returns false when the port cannot be taken over.

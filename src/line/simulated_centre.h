@@ -15,7 +15,7 @@ namespace parlane {
 
 // What a centre can do to its side of the call.
 class CentreLink {
-public:
+  public:
     virtual ~CentreLink() = default;
     // Bytes towards the program; they arrive as one chunk (the modem may split it further).
     virtual void sendToProgram(std::string bytes) = 0;
@@ -26,7 +26,7 @@ public:
 };
 
 class SimulatedCentre {
-public:
+  public:
     virtual ~SimulatedCentre() = default;
     // The call is connected; the centre may greet at once or wait.
     virtual void connected(CentreLink& link) = 0;
@@ -38,14 +38,14 @@ public:
 
 // How the line behaves before and around the centre.
 struct LineBehaviour {
-    int busyAttempts = 0;        // the first N dials find the line busy
-    bool noAnswer = false;       // rings until the caller gives up
+    int busyAttempts = 0;         // the first N dials find the line busy
+    bool noAnswer = false;        // rings until the caller gives up
     bool cannotOpenLine = false;  // the device refuses to open
-    int answerAfterMs = 3000;    // from dial to CONNECTED
-    int dropAfterMs = 0;         // far end drops this long after CONNECTED (0: never)
-    bool noise = false;          // stray bytes mixed into what the centre sends
-    bool splitChunks = false;    // the centre's text arrives in small random pieces
-    int burstBytes = 0;          // this many bytes of junk before the first prompt
+    int answerAfterMs = 3000;     // from dial to CONNECTED
+    int dropAfterMs = 0;          // far end drops this long after CONNECTED (0: never)
+    bool noise = false;           // stray bytes mixed into what the centre sends
+    bool splitChunks = false;     // the centre's text arrives in small random pieces
+    int burstBytes = 0;           // this many bytes of junk before the first prompt
 };
 
 struct CentreChoice {
