@@ -26,41 +26,39 @@ void frmMain::ArchiveUnknownName(const std::string& name) {
         record);
 }
 
-void frmMain::QueueMessage(const std::string& name) {
+// Fills the panel from the directory entry of `name`, with the centre the entry names; false,
+// after archiving the text, when the name is not in the directory.
+bool frmMain::FillPanelForName(const std::string& name, bool defaultCentreWhenNone) {
     const int found = FindName(name);
     if (found < 0) {
         ArchiveUnknownName(name);
-        return;
+        return false;
     }
     const DirectoryEntry entry = Directory[static_cast<std::size_t>(found)];
-    if (const int row = CentreRow(Providers, entry.ProviderName); row >= 0) Services.select(row);
+    if (const int row = CentreRow(Providers, entry.ProviderName); row >= 0) {
+        Services.select(row);
+    } else if (defaultCentreWhenNone && entry.ProviderName.empty()) {
+        if (const int def = CentreRow(Providers, DefaultCentre()); def >= 0) Services.select(def);
+    }
     txtCountryCode.Text = entry.CountryCode;
     txtAreaCode.Text = entry.AreaCode;
     txtNumber.Text = entry.Number;
+    return true;
+}
+
+void frmMain::QueueMessage(const std::string& name) {
+    if (!FillPanelForName(name, false)) return;
     mnuQueue_Click();
+    // The status line tells whether the Queue command really queued.
     if (lblInfo.Caption.find(LoadResString(sid::InQueue)) != std::string::npos) {
         timSendMessages.setEnabled(true);
         ShowStatus(LoadResString(sid::WaitingToSend));
     }
 }
 
+// A group member without a centre of its own goes to the default centre.
 void frmMain::QueueGroupMessage(const std::string& name) {
-    const int found = FindName(name);
-    if (found < 0) {
-        ArchiveUnknownName(name);
-        return;
-    }
-    const DirectoryEntry entry = Directory[static_cast<std::size_t>(found)];
-    if (const int row = CentreRow(Providers, entry.ProviderName); row >= 0) {
-        Services.select(row);
-    } else if (entry.ProviderName.empty()) {
-        // A member without a centre of its own goes to the default centre.
-        if (const int def = CentreRow(Providers, DefaultCentre()); def >= 0) Services.select(def);
-    }
-    txtCountryCode.Text = entry.CountryCode;
-    txtAreaCode.Text = entry.AreaCode;
-    txtNumber.Text = entry.Number;
-    mnuQueue_Click();
+    if (FillPanelForName(name, true)) mnuQueue_Click();
 }
 
 void frmMain::UsePhoneEntry() {
@@ -81,17 +79,7 @@ void frmMain::UsePhoneEntry() {
 }
 
 void frmMain::RemoteQueueName(const std::string& name) {
-    const int found = FindName(name);
-    if (found < 0) {
-        ArchiveUnknownName(name);
-        return;
-    }
-    const DirectoryEntry entry = Directory[static_cast<std::size_t>(found)];
-    if (const int row = CentreRow(Providers, entry.ProviderName); row >= 0) Services.select(row);
-    txtCountryCode.Text = entry.CountryCode;
-    txtAreaCode.Text = entry.AreaCode;
-    txtNumber.Text = entry.Number;
-    mnuQueue_Click();
+    if (FillPanelForName(name, false)) mnuQueue_Click();
 }
 
 void frmMain::RemoteQueueGroup() {

@@ -247,6 +247,7 @@ class frmMain {
     void LoadProviders();
     void LoadDirectory();
     void ArchiveUnknownName(const std::string& name);
+    bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);
     void LoadGroups();
     bool WriteDirectoryFile();
     bool WriteGroupList();
