@@ -15,6 +15,7 @@
 #include "core/home.h"
 #include "core/program.h"
 #include "core/string_ids.h"
+#include "line/device_list.h"
 #include "line/simulated_modem.h"
 #include "qt/main_window.h"
 #include "qt/qt_dialogue_host.h"
@@ -140,9 +141,14 @@ int RunProgram(int argc, char** argv) {
 
     QtEventLoop loop;
     SimulatedModem modem(loop);
+    // Device 0 is the simulated modem; then the ports of Modem/Ports and those found in /dev.
+    DeviceList devices(
+        loop, modem,
+        Settings(settingsStore, globals.strings.ProductName()).GetSetting("Modem", "Ports", ""),
+        AtModemOptions{}, DetectSerialPorts());
     QtDialogueHost dialogues;
     QtRegionalFormats formats;
-    frmMain form(Platform{loop, settingsStore, dialogues, formats, modem, modem, home.path},
+    frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
     form.Form_Load();
     MainWindow window(form);

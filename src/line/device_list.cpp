@@ -1,0 +1,213 @@
+#include "line/device_list.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <set>
+
+namespace parlane {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string Trimmed(const std::string& s) {
+    const auto first = s.find_first_not_of(" \t");
+    if (first == std::string::npos) return {};
+    return s.substr(first, s.find_last_not_of(" \t") - first + 1);
+}
+
+// "usb-Acme_USB_Modem_1234-if00-port0" -> "Acme USB Modem 1234".
+std::string ReadableById(std::string id) {
+    if (id.rfind("usb-", 0) == 0) id.erase(0, 4);
+    const auto interfacePart = id.rfind("-if");
+    if (interfacePart != std::string::npos && interfacePart > 0) id.erase(interfacePart);
+    std::replace(id.begin(), id.end(), '_', ' ');
+    return id;
+}
+
+std::string Canonical(const std::string& path) {
+    std::error_code ec;
+    const auto real = fs::canonical(path, ec);
+    return ec ? path : real.string();
+}
+
+}  // namespace
+
+std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir) {
+    std::vector<SerialPortEntry> found;
+    std::set<std::string> covered;
+    std::error_code ec;
+    std::vector<fs::path> byId;
+    for (const auto& e : fs::directory_iterator(fs::path(devDir) / "serial" / "by-id", ec))
+        byId.push_back(e.path());
+    std::sort(byId.begin(), byId.end());
+    for (const auto& p : byId) {
+        const std::string node = Canonical(p.string());
+        if (!covered.insert(node).second) continue;
+        found.push_back({p.string(), ReadableById(p.filename().string()) + " (" +
+                                         fs::path(node).filename().string() + ")"});
+    }
+    std::vector<fs::path> nodes;
+    for (const auto& e : fs::directory_iterator(devDir, ec)) {
+        const std::string name = e.path().filename().string();
+        if (name.rfind("ttyUSB", 0) == 0 || name.rfind("ttyACM", 0) == 0) nodes.push_back(e.path());
+    }
+    std::sort(nodes.begin(), nodes.end());
+    for (const auto& p : nodes) {
+        if (!covered.insert(Canonical(p.string())).second) continue;
+        const std::string name = p.filename().string();
+        found.push_back(
+            {p.string(), (name.rfind("ttyACM", 0) == 0 ? "USB modem " : "USB serial ") + name});
+    }
+    return found;
+}
+
+DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
+                       const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected)
+    : simulated_(simulated) {
+    devices_.push_back({&simulated, &simulated, nullptr});
+    std::set<std::string> listed;
+    const auto add = [&](const std::string& path, const std::string& name) {
+        AtModemOptions options = modemDefaults;
+        options.devicePath = path;
+        options.lineName = name;
+        auto modem = std::make_unique<AtModem>(loop, options);
+        devices_.push_back({modem.get(), &modem->serialLink(), std::move(modem)});
+    };
+    std::size_t start = 0;
+    while (start <= portsSetting.size()) {
+        auto end = portsSetting.find(';', start);
+        if (end == std::string::npos) end = portsSetting.size();
+        const std::string path = Trimmed(portsSetting.substr(start, end - start));
+        start = end + 1;
+        if (path.empty() || !listed.insert(Canonical(path)).second) continue;
+        add(path, path);
+    }
+    // A detected port that the settings already name is not listed twice.
+    for (const auto& port : detected)
+        if (listed.insert(Canonical(port.path)).second) add(port.path, port.name);
+}
+
+AtModem* DeviceList::modem(std::uint32_t device) {
+    auto* d = find(device);
+    return d ? d->owned.get() : nullptr;
+}
+
+DeviceList::Device* DeviceList::find(std::uint32_t device) {
+    return device < devices_.size() ? &devices_[device] : nullptr;
+}
+
+DeviceList::Device* DeviceList::active() {
+    return activeDevice_ < 0 ? nullptr : &devices_[static_cast<std::size_t>(activeDevice_)];
+}
+
+std::int32_t DeviceList::lineInitialize(LineCallbackFunction callback, const std::string& appName,
+                                        std::uint32_t& deviceCount) {
+    for (auto& d : devices_) {
+        std::uint32_t ignored = 0;
+        d.provider->lineInitialize(callback, appName, ignored);
+    }
+    deviceCount = static_cast<std::uint32_t>(devices_.size());
+    return 0;
+}
+
+std::int32_t DeviceList::lineShutdown() {
+    CloseCommunicationsPort();
+    for (auto& d : devices_) d.provider->lineShutdown();
+    activeDevice_ = -1;
+    return 0;
+}
+
+std::int32_t DeviceList::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t low,
+                                                 std::uint32_t high, std::uint32_t& version) {
+    auto* d = find(device);
+    return d ? d->provider->lineNegotiateAPIVersion(0, low, high, version) : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
+    auto* d = find(device);
+    return d ? d->provider->lineGetDevCaps(0, caps) : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {
+    auto* d = find(device);
+    if (!d) return LINEERR_BADDEVICEID;
+    if (activeDevice_ >= 0 && activeDevice_ != static_cast<int>(device)) {
+        CloseCommunicationsPort();
+        active()->provider->lineClose(0);
+    }
+    const auto result = d->provider->lineOpen(0, lineHandle);
+    activeDevice_ = result == 0 ? static_cast<int>(device) : -1;
+    return result;
+}
+
+std::int32_t DeviceList::lineMakeCall(std::uint32_t lineHandle, std::uint32_t& callHandle,
+                                      const std::string& dialable, std::uint32_t mediaMode) {
+    auto* d = active();
+    return d ? d->provider->lineMakeCall(lineHandle, callHandle, dialable, mediaMode)
+             : LINEERR_INVALLINEHANDLE;
+}
+
+std::int32_t DeviceList::lineDrop(std::uint32_t callHandle) {
+    auto* d = active();
+    return d ? d->provider->lineDrop(callHandle) : LINEERR_INVALCALLHANDLE;
+}
+
+std::int32_t DeviceList::lineDeallocateCall(std::uint32_t callHandle) {
+    auto* d = active();
+    return d ? d->provider->lineDeallocateCall(callHandle) : LINEERR_INVALCALLHANDLE;
+}
+
+std::int32_t DeviceList::lineClose(std::uint32_t lineHandle) {
+    auto* d = active();
+    if (!d) return LINEERR_INVALLINEHANDLE;
+    activeDevice_ = -1;
+    return d->provider->lineClose(lineHandle);
+}
+
+std::int32_t DeviceList::lineGetID(std::uint32_t lineHandle, std::intptr_t& portHandle) {
+    auto* d = active();
+    return d ? d->provider->lineGetID(lineHandle, portHandle) : LINEERR_INVALLINEHANDLE;
+}
+
+std::int32_t DeviceList::lineTranslateAddress(std::uint32_t device, const std::string& canonical,
+                                              std::string& dialable) {
+    auto* d = find(device);
+    return d ? d->provider->lineTranslateAddress(0, canonical, dialable) : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
+    return simulated_.tapiGetLocationInfo(countryCode, cityCode);
+}
+
+std::int32_t DeviceList::lineSetDevConfig(std::uint32_t device,
+                                          const std::vector<std::uint8_t>& config,
+                                          const std::string& deviceClass) {
+    auto* d = find(device);
+    return d ? d->provider->lineSetDevConfig(0, config, deviceClass) : LINEERR_BADDEVICEID;
+}
+
+bool DeviceList::OpenCommunicationsPort(std::intptr_t handle,
+                                        std::function<void(std::int32_t)> onCommEvent) {
+    CloseCommunicationsPort();
+    auto* d = active();
+    if (!d || !d->link->OpenCommunicationsPort(handle, std::move(onCommEvent))) return false;
+    openLink_ = d->link;
+    return true;
+}
+
+bool DeviceList::CloseCommunicationsPort() {
+    if (!openLink_) return false;
+    auto* link = openLink_;
+    openLink_ = nullptr;
+    return link->CloseCommunicationsPort();
+}
+
+int DeviceList::GetRxCharacters(RxBufferArray& buffer) {
+    return openLink_ ? openLink_->GetRxCharacters(buffer) : 0;
+}
+
+bool DeviceList::TxChars(const std::string& bytes) {
+    return openLink_ && openLink_->TxChars(bytes);
+}
+
+}  // namespace parlane

@@ -1,0 +1,84 @@
+#pragma once
+// The devices the program can dial on: device 0 is the simulated modem, then the serial ports
+// named in the settings (Modem/Ports, separated by ";", each listed under its path as written),
+// then the ports found on the machine. Nothing is opened or probed until a line is opened.
+//
+// The list is a TapiProvider that forwards each call to the device's own provider, and a
+// SerialLink that forwards to the link of the device whose line is open: one line and one call
+// are used at a time, so handles pass through unchanged. Opening a line on another device first
+// closes the line left open on the previous one.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/event_loop.h"
+#include "line/at_modem.h"
+#include "line/serial_link.h"
+#include "line/simulated_modem.h"
+#include "line/telephony.h"
+
+namespace parlane {
+
+struct SerialPortEntry {
+    std::string path;
+    std::string name;  // shown in the device lists
+};
+
+// Ports found under /dev: by-id names first (readable), then ttyUSB and ttyACM nodes that no
+// by-id name points at. Only the directory is read.
+std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir = "/dev");
+
+class DeviceList : public TapiProvider, public SerialLink {
+  public:
+    // `portsSetting`: the Modem/Ports setting. `modemDefaults`: options for every AT modem
+    // (lock folder, init strings); path and name are filled in per port.
+    DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
+               const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected);
+
+    std::size_t deviceCount() const { return devices_.size(); }
+    // The AT modem behind a device, null for the simulated one.
+    AtModem* modem(std::uint32_t device);
+
+    std::int32_t lineInitialize(LineCallbackFunction callback, const std::string& appName,
+                                std::uint32_t& deviceCount) override;
+    std::int32_t lineShutdown() override;
+    std::int32_t lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t low,
+                                         std::uint32_t high, std::uint32_t& version) override;
+    std::int32_t lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) override;
+    std::int32_t lineOpen(std::uint32_t device, std::uint32_t& lineHandle) override;
+    std::int32_t lineMakeCall(std::uint32_t lineHandle, std::uint32_t& callHandle,
+                              const std::string& dialable, std::uint32_t mediaMode) override;
+    std::int32_t lineDrop(std::uint32_t callHandle) override;
+    std::int32_t lineDeallocateCall(std::uint32_t callHandle) override;
+    std::int32_t lineClose(std::uint32_t lineHandle) override;
+    std::int32_t lineGetID(std::uint32_t lineHandle, std::intptr_t& portHandle) override;
+    std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
+                                      std::string& dialable) override;
+    // The simulated modem's location stands for the machine's.
+    std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) override;
+    std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config,
+                                  const std::string& deviceClass) override;
+
+    bool OpenCommunicationsPort(std::intptr_t handle,
+                                std::function<void(std::int32_t)> onCommEvent) override;
+    bool CloseCommunicationsPort() override;
+    int GetRxCharacters(RxBufferArray& buffer) override;
+    bool TxChars(const std::string& bytes) override;
+
+  private:
+    struct Device {
+        TapiProvider* provider;
+        SerialLink* link;
+        std::unique_ptr<AtModem> owned;
+    };
+    Device* find(std::uint32_t device);
+    Device* active();
+
+    SimulatedModem& simulated_;
+    std::vector<Device> devices_;
+    int activeDevice_ = -1;  // the device whose line is open
+    SerialLink* openLink_ = nullptr;
+};
+
+}  // namespace parlane

@@ -1,0 +1,312 @@
+// The AT modem provider through the real serial code, on a pseudo-terminal with an emulated
+// Hayes modem, in real time: the command dialogue, failed calls, hang-up and the next call, the
+// UUCP lock, and whole messages sent by the main window through the device list.
+#include "line/at_modem.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+
+#include "line/device_list.h"
+#include "support/pty_modem_emulator.h"
+#include "support/real_time_loop.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::PtyModemEmulator;
+using testing::RealTimeLoop;
+using Clock = std::chrono::steady_clock;
+
+double Ms(Clock::duration d) {
+    return std::chrono::duration<double, std::milli>(d).count();
+}
+
+struct Bench {
+    Bench() {
+        lockDir = std::filesystem::temp_directory_path() /
+                  ("parlane-lock-" + std::to_string(getpid()) + "-" + std::to_string(++count));
+        std::filesystem::create_directories(lockDir);
+        options.devicePath = emulator.devicePath();
+        options.lockDir = lockDir.string();
+    }
+    ~Bench() { std::filesystem::remove_all(lockDir); }
+    // A provider whose call states are recorded.
+    std::unique_ptr<AtModem> modem(AtModemOptions o) {
+        auto m = std::make_unique<AtModem>(loop, std::move(o));
+        std::uint32_t devices = 0;
+        m->lineInitialize(
+            [this](std::uint32_t, std::uint32_t message, std::uint32_t, std::uint32_t state,
+                   std::uint32_t, std::uint32_t) {
+                if (message == LINE_CALLSTATE) states.push_back(state);
+            },
+            "test", devices);
+        return m;
+    }
+    bool reaches(std::uint32_t state) {
+        return loop.runUntil([&] { return !states.empty() && states.back() == state; });
+    }
+    static inline int count = 0;
+    RealTimeLoop loop;
+    PtyModemEmulator emulator;
+    std::filesystem::path lockDir;
+    AtModemOptions options;
+    std::vector<std::uint32_t> states;
+};
+
+TEST(AtModem, ReadsRepliesOfEveryStyle) {
+    EXPECT_EQ(ClassifyModemLine("ok"), ModemReply::Ok);
+    EXPECT_EQ(ClassifyModemLine("0"), ModemReply::Ok);
+    EXPECT_EQ(ClassifyModemLine("connect 33600/ARQ"), ModemReply::Connect);
+    EXPECT_EQ(ClassifyModemLine("1"), ModemReply::Connect);
+    EXPECT_EQ(ClassifyModemLine("12"), ModemReply::Connect);
+    EXPECT_EQ(ClassifyModemLine("7"), ModemReply::Failure);
+    EXPECT_EQ(ClassifyModemLine("No Dialtone"), ModemReply::Failure);
+    EXPECT_EQ(ClassifyModemLine("RING"), ModemReply::Ring);
+    EXPECT_EQ(ClassifyModemLine("atdt0044800100100"), ModemReply::Echo);
+    EXPECT_EQ(ClassifyModemLine("Manufacturer: Acme"), ModemReply::None);
+}
+
+TEST(AtModem, DialsWithEchoAndNumericCodesHangsUpAndCallsAgain) {
+    Bench b;
+    auto o = b.options;
+    o.initCommands = {"atz", "ATE1V0"};  // the modem echoes and answers in numbers
+    auto modem = b.modem(o);
+    std::uint32_t line = 0, call = 0;
+    ASSERT_EQ(modem->lineOpen(0, line), 0);
+    std::string dialable;
+    modem->lineTranslateAddress(0, "+44 (0800) 100100", dialable);
+    EXPECT_EQ(dialable, "00440800100100");
+
+    const auto tick = Clock::now();
+    EXPECT_GT(modem->lineMakeCall(line, call, dialable, LINEMEDIAMODE_DATAMODEM), 0);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
+    std::printf("[ figures ] dial to CONNECTED on the loop: %.1f ms (emulator answers after 300)\n",
+                Ms(Clock::now() - tick));
+    EXPECT_EQ(b.emulator.commands(),
+              (std::vector<std::string>{"atz", "ATE1V0", "ATDT00440800100100"}));
+
+    // The data belong to the link now: the centre's greeting reaches it, not the provider.
+    std::intptr_t fd = 0;
+    ASSERT_EQ(modem->lineGetID(line, fd), 0);
+    auto& link = modem->serialLink();
+    std::string got;
+    ASSERT_TRUE(link.OpenCommunicationsPort(fd, [&](std::int32_t) {
+        b.loop.post([&] {
+            RxBufferArray buffer{};
+            const int n = link.GetRxCharacters(buffer);
+            got.append(reinterpret_cast<const char*>(buffer.data()), static_cast<std::size_t>(n));
+        });
+    }));
+    link.TxChars("\r");
+    ASSERT_TRUE(b.loop.runUntil([&] { return got.find("ID=") != std::string::npos; }));
+
+    // Idle call: the program's threads must sleep.
+    rusage before{}, after{};
+    getrusage(RUSAGE_SELF, &before);
+    const char* seconds = std::getenv("PARLANE_IDLE_SECONDS");
+    const double idle = seconds ? std::atof(seconds) : 2.0;
+    b.loop.waitSecs(idle);
+    getrusage(RUSAGE_SELF, &after);
+    const auto cpu = [](const rusage& r) {
+        return r.ru_utime.tv_sec + r.ru_stime.tv_sec +
+               (r.ru_utime.tv_usec + r.ru_stime.tv_usec) / 1e6;
+    };
+    const double used = cpu(after) - cpu(before);
+    std::printf("[ figures ] CPU over %.0f s of an idle connected call: %.2f ms\n", idle,
+                used * 1000);
+    EXPECT_LT(used, 0.02 * idle);
+
+    // Hang-up on a pseudo-terminal: no DTR, so "+++" and ATH; then the line can call again.
+    link.CloseCommunicationsPort();
+    const auto drop = Clock::now();
+    EXPECT_EQ(modem->lineDrop(call), 0);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_IDLE));
+    // A second of silence before the escape, the modem's own guard time after it.
+    EXPECT_GE(Ms(Clock::now() - drop), 1900);
+    EXPECT_EQ(b.emulator.hangUps(), 1);
+    EXPECT_FALSE(b.emulator.callUp());
+    EXPECT_EQ(b.emulator.commands().back(), "ATH");
+
+    EXPECT_GT(modem->lineMakeCall(line, call, "0800100101", LINEMEDIAMODE_DATAMODEM), 0);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
+    EXPECT_EQ(b.emulator.dialled(), "T0800100101");
+    // Closing the line ends the call at the modem (the port closing) and frees the lock.
+    EXPECT_EQ(modem->lineClose(line), 0);
+    ASSERT_TRUE(b.loop.runUntil([&] { return b.emulator.hangUps() == 2; }));
+    EXPECT_TRUE(std::filesystem::is_empty(b.lockDir));
+}
+
+TEST(AtModem, BusyNoCarrierAndAVanishingDeviceEndTheCall) {
+    Bench b;
+    auto modem = b.modem(b.options);
+    std::uint32_t line = 0, call = 0;
+    ASSERT_EQ(modem->lineOpen(0, line), 0);
+    b.emulator.setAnswer(PtyModemEmulator::Answer::Busy);
+    modem->lineMakeCall(line, call, "0800100100", LINEMEDIAMODE_DATAMODEM);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_DISCONNECTED));
+    EXPECT_EQ(modem->lineDrop(call), 0);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_IDLE));
+    EXPECT_EQ(b.states,
+              (std::vector<std::uint32_t>{LINECALLSTATE_DISCONNECTED, LINECALLSTATE_IDLE}));
+
+    b.emulator.setAnswer(PtyModemEmulator::Answer::NoCarrier);
+    modem->lineMakeCall(line, call, "0800100100", LINEMEDIAMODE_DATAMODEM);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_DISCONNECTED));
+    modem->lineDrop(call);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_IDLE));
+
+    b.emulator.setAnswer(PtyModemEmulator::Answer::Connect);
+    modem->lineMakeCall(line, call, "0800100100", LINEMEDIAMODE_DATAMODEM);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
+    b.emulator.vanish();
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_DISCONNECTED));
+    modem->lineDrop(call);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_IDLE));
+    EXPECT_EQ(modem->lineClose(line), 0);
+}
+
+TEST(AtModem, TheLockKeepsASecondUserOutAndStaleLocksAreTakenOver) {
+    Bench b;
+    const std::string lockFile =
+        (b.lockDir / ("LCK.." + std::filesystem::path(b.options.devicePath).filename().string()))
+            .string();
+    // A lock left by a process that is gone.
+    const pid_t child = fork();
+    if (child == 0) _exit(0);
+    waitpid(child, nullptr, 0);
+    std::ofstream(lockFile) << "     " << child << "\n";
+
+    auto first = b.modem(b.options);
+    auto second = b.modem(b.options);
+    std::uint32_t line = 0, call = 0;
+    ASSERT_EQ(first->lineOpen(0, line), 0);
+    std::ifstream in(lockFile);
+    long holder = 0;
+    in >> holder;
+    EXPECT_EQ(holder, getpid());
+
+    // The second user's line opens, its call finds the line in use (the program waits).
+    std::uint32_t line2 = 0;
+    ASSERT_EQ(second->lineOpen(0, line2), 0);
+    EXPECT_EQ(second->lineMakeCall(line2, call, "0800100100", LINEMEDIAMODE_DATAMODEM),
+              LINEERR_INUSE);
+    first->lineClose(line);
+    EXPECT_FALSE(std::filesystem::exists(lockFile));
+    EXPECT_GT(second->lineMakeCall(line2, call, "0800100100", LINEMEDIAMODE_DATAMODEM), 0);
+    ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
+    second->lineClose(line2);
+
+    // A missing device is not a line in use.
+    auto o = b.options;
+    o.devicePath = "/dev/parlane-no-such-port";
+    EXPECT_EQ(b.modem(o)->lineOpen(0, line), LINEERR_NODEVICE);
+}
+
+TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) {
+    const auto dev =
+        std::filesystem::temp_directory_path() / ("parlane-dev-" + std::to_string(getpid()));
+    std::filesystem::create_directories(dev / "serial" / "by-id");
+    for (const char* node : {"ttyUSB0", "ttyUSB1", "ttyACM0", "ttyS0"})
+        std::ofstream(dev / node) << "";
+    std::filesystem::create_symlink("../../ttyUSB0",
+                                    dev / "serial" / "by-id" / "usb-Acme_USB_Modem_42-if00-port0");
+    const auto detected = DetectSerialPorts(dev.string());
+    ASSERT_EQ(detected.size(), 3u);
+    EXPECT_EQ(detected[0].name, "Acme USB Modem 42 (ttyUSB0)");
+    EXPECT_EQ(detected[1].name, "USB modem ttyACM0");
+    EXPECT_EQ(detected[2].name, "USB serial ttyUSB1");
+
+    RealTimeLoop loop;
+    SimulatedModem simulated(loop);
+    // ttyUSB1 is named in the settings too: listed once, under the path as written.
+    const std::string usb1 = (dev / "ttyUSB1").string();
+    DeviceList list(loop, simulated, " /dev/ttyS7 ;" + usb1 + ";", AtModemOptions{}, detected);
+    std::uint32_t count = 0;
+    list.lineInitialize([](auto...) {}, "test", count);
+    std::vector<std::string> names;
+    for (std::uint32_t d = 0; d < count; ++d) {
+        LineDevCaps caps;
+        EXPECT_EQ(list.lineGetDevCaps(d, caps), 0);
+        names.push_back(caps.lineName);
+    }
+    EXPECT_EQ(names,
+              (std::vector<std::string>{"Simulated modem", "/dev/ttyS7", usb1,
+                                        "Acme USB Modem 42 (ttyUSB0)", "USB modem ttyACM0"}));
+    LineDevCaps caps;
+    EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
+    // Nothing open: the serial side refuses quietly.
+    EXPECT_FALSE(list.CloseCommunicationsPort());
+    std::filesystem::remove_all(dev);
+}
+
+// The main window sends through device 1 of the device list: the modem on the pty.
+std::vector<std::string> SendThroughModem(const std::string& number, int protocol,
+                                          PtyModemEmulator& emulator, int& accepted) {
+    testing::TestPlatform p;
+    RealTimeLoop loop;
+    loop.setRunUntilLimit(Milliseconds(30000));
+    SimulatedModem simulated(loop);
+    AtModemOptions defaults;
+    defaults.lockDir.clear();
+    DeviceList devices(loop, simulated, emulator.devicePath(), defaults, {});
+    auto centre = testing::MakeProvider("Modem", protocol, "3");
+    centre.TapiDevice = "1";
+    centre.AreaCode = "0800";
+    centre.Number = number;
+    p.writeProviders({centre});
+    frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
+                 p.globals);
+    form.Form_Load();
+    testing::Compose(form, "Hello over a real port", "44", "07700", "900123");
+    form.mnuQueue_Click();
+    form.mnuSend_Click();
+    EXPECT_TRUE(loop.runUntil(
+        [&] { return form.lblInfo.Caption == "There are no more messages in the queue  "; }));
+    // After the run the call is dropped and the line closed (IDLE closes it).
+    EXPECT_TRUE(loop.runUntil([&] { return form.lblEvent == "1"; }));
+    EXPECT_FALSE(emulator.callUp());
+    accepted = emulator.accepted();
+    std::vector<std::string> statuses;
+    for (const auto& name : p.archiveFiles()) {
+        const auto text = p.archiveFile(name);
+        const auto at = text.find("Status: \t") + 9;
+        statuses.push_back(text.substr(at, text.find('\r', at) - at));
+    }
+    return statuses;
+}
+
+TEST(AtModemRoad, ATapMessageGoesThroughTheRealPort) {
+    PtyModemEmulator modem;
+    int accepted = 0;
+    EXPECT_EQ(SendThroughModem("100100", ProtocolTap, modem, accepted),
+              std::vector<std::string>{"Message Sent Successfully"});
+    EXPECT_EQ(accepted, 1);
+    const auto t = modem.times();
+    std::printf(
+        "[ figures ] TAP: CONNECT to first byte from the program %.1f ms, to the "
+        "centre's first byte %.1f ms\n",
+        Ms(t.firstFromProgram - t.connect), Ms(t.firstToProgram - t.connect));
+}
+
+TEST(AtModemRoad, AUcpMessageGoesThroughTheRealPort) {
+    PtyModemEmulator modem;
+    int accepted = 0;
+    EXPECT_EQ(SendThroughModem("100101", ProtocolUcp, modem, accepted),
+              std::vector<std::string>{"Message Sent Successfully"});
+    EXPECT_EQ(accepted, 1);
+    const auto u = modem.times();
+    std::printf("[ figures ] UCP: CONNECT to first byte from the program %.1f ms\n",
+                Ms(u.firstFromProgram - u.connect));
+}
+
+}  // namespace
+}  // namespace parlane
