@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QLabel>
 #include <QTimer>
 #include <chrono>
@@ -11,6 +12,7 @@
 #include <filesystem>
 #include <set>
 
+#include "config/frm_modem.h"
 #include "core/file_io.h"
 #include "core/home.h"
 #include "core/program.h"
@@ -150,6 +152,23 @@ int RunProgram(int argc, char** argv) {
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
+    if (QGuiApplication::platformName() != "offscreen") {
+        // Until the modem dialogue has a window of its own, a list to pick from.
+        form.showModemDialog = [&form](frmModem& dialog) {
+            QStringList rows;
+            for (const auto& row : dialog.cboTapiDevice.rows) rows << ToQt(row);
+            while (!dialog.unloaded) {
+                bool ok = false;
+                const QString picked =
+                    QInputDialog::getItem(nullptr, ToQt(form.LoadResString(sid::TitleFrmModem)),
+                                          ToQt(form.LoadResString(sid::PleaseSelectModem)), rows,
+                                          std::max(dialog.cboTapiDevice.ListIndex, 0), false, &ok);
+                if (!ok) return;
+                dialog.cboTapiDevice.select(static_cast<int>(rows.indexOf(picked)));
+                dialog.cmdProviderItemOk_Click();
+            }
+        };
+    }
     form.Form_Load();
     MainWindow window(form);
     dialogues.setOwner(&window);

@@ -29,6 +29,8 @@
 
 namespace parlane {
 
+class frmModem;
+
 // What Main settles before any window exists.
 struct ProgramGlobals {
     Strings strings;  // carries LanguageOffset
@@ -66,6 +68,8 @@ class frmMain {
     frmMain& operator=(const frmMain&) = delete;
 
     void setObserver(FormObserver* observer) { observer_ = observer; }
+    // Shows the modem choice as a blocking dialogue; without it the proposed modem is taken.
+    std::function<void(frmModem&)> showModemDialog;
     // Called after the window unloaded itself (a command-line start that is done).
     std::function<void()> onExit;
 
@@ -146,7 +150,7 @@ class frmMain {
 
     // ----- Controls -----
     TextBox txtCountryCode, txtAreaCode, txtNumber, txtMessage, txtMessageQueue;
-    ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup;
+    ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup, cboTapiDevice;
     Label lblInfo, lblTotal, lblOnline;
     std::string lblEvent = "1";
     MenuItem mnuQueue, mnuSend, mnuSendSingle, mnuHangUp, mnuViewQueue, mnuGroup, mnuTools;
@@ -245,6 +249,8 @@ class frmMain {
     void SetCallingLook();
     void SelectDefaultCentre();
     void LoadProviders();
+    void FirstRunModemCheck();
+    void ShowModemChoice();
     void LoadDirectory();
     void ArchiveUnknownName(const std::string& name);
     bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);

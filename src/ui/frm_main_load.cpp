@@ -1,6 +1,7 @@
 // Loading and closing the main window.
 #include <filesystem>
 
+#include "config/frm_modem.h"
 #include "core/file_io.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
@@ -100,6 +101,9 @@ void frmMain::Form_Load() {
     LoadQueueAtStart();
     RecoverJournal();
 
+    // Step 21.
+    FirstRunModemCheck();
+
     // Step 22.
     const auto tools = settings_.GetSettingInt("Settings", "Tools", 1);
     mnuTools.Checked = tools && *tools == 1;
@@ -118,6 +122,31 @@ void frmMain::SelectDefaultCentre() {
             break;
         }
     Services.select(row);
+}
+
+void frmMain::ShowModemChoice() {
+    frmModem dialog(*this);
+    dialog.Form_Load();
+    if (dialog.unloaded) return;
+    if (showModemDialog)
+        showModemDialog(dialog);
+    else
+        dialog.cmdProviderItemOk_Click();  // nobody to ask: the proposed modem
+}
+
+// Until a modem has been chosen, and whenever the chosen one is no longer where it was, the
+// choice comes up.
+void frmMain::FirstRunModemCheck() {
+    const auto firstRun = settings_.GetSettingInt("FirstRun", "Modem", 0);
+    const bool chosen = firstRun && *firstRun == 4;
+    if (!chosen) ShowModemChoice();
+    const auto index = settings_.GetSettingInt("Modem", "Index", 0);
+    const std::string name = settings_.GetSetting("Modem", "Name", "");
+    if (!chosen) return;
+    tapi.FillDeviceList(cboTapiDevice);
+    if (cboTapiDevice.ListCount() == 0) return;
+    if (index && *index >= 0 && *index < cboTapiDevice.ListCount()) cboTapiDevice.select(*index);
+    if (cboTapiDevice.Text != name) ShowModemChoice();
 }
 
 void frmMain::Form_QueryUnload() {

@@ -142,6 +142,10 @@ TestPlatform::TestPlatform(std::filesystem::path homeFolder) {
         home = std::move(homeFolder);
     }
     std::filesystem::create_directories(home);
+    // A modem has been chosen already; the tests of that choice clear these.
+    settings.write("Parlane", "FirstRun", "Modem", "4");
+    settings.write("Parlane", "Modem", "Index", "0");
+    settings.write("Parlane", "Modem", "Name", "Simulated modem");
 }
 
 TestPlatform::~TestPlatform() {

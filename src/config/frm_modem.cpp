@@ -1,0 +1,49 @@
+#include "config/frm_modem.h"
+
+#include "core/cp1252.h"
+#include "core/file_io.h"
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+
+void frmModem::Form_Load() {
+    main_.tapi.FillDeviceList(cboTapiDevice);
+    if (cboTapiDevice.ListCount() > 0) {
+        int row = 0;
+        for (int i = 0; i < cboTapiDevice.ListCount(); ++i)
+            if (Cp1252LowerCase(cboTapiDevice.rows[static_cast<std::size_t>(i)]).find("modem") !=
+                std::string::npos) {
+                row = i;
+                break;
+            }
+        cboTapiDevice.select(row);
+    }
+    if (cboTapiDevice.Text.empty()) {
+        main_.ShowMessageBox(main_.LoadResString(sid::NoModemsInstalled) + "\r\n\r\n" +
+                                 main_.LoadResString(sid::PleaseInstallModem),
+                             MbCritical);
+        unloaded = true;
+    }
+}
+
+void frmModem::cmdProviderItemOk_Click() {
+    if (cboTapiDevice.Text.empty() ||
+        cboTapiDevice.Text == main_.LoadResString(sid::NotAvailable)) {
+        main_.ShowMessageBox(main_.LoadResString(sid::SelectModemToUse), MbInformation);
+        focusedControl = "cboTapiDevice";
+        return;
+    }
+    BusyCursor busy(main_);
+    DefModem(main_.Providers, cboTapiDevice.ListIndex);
+    std::string error;
+    const std::string bytes = SerializeProviderFile(main_.Providers, error);
+    if (error.empty()) WriteFileAtomically(main_.homePath("smsc.dat"), bytes);
+    auto& settings = main_.settings();
+    settings.SaveSetting("FirstRun", "Modem", "4");
+    settings.SaveSetting("Modem", "Index", std::to_string(cboTapiDevice.ListIndex));
+    settings.SaveSetting("Modem", "Name", cboTapiDevice.Text);
+    unloaded = true;
+}
+
+}  // namespace parlane
