@@ -533,24 +533,18 @@ std::int32_t AtModem::lineGetID(std::uint32_t, std::intptr_t& portHandle) {
     return 0;
 }
 
-// Digits and a leading "+", which becomes the international prefix. Dialling rules (own
-// country, outside line, calling cards) are still to come.
+// The usual dialling rules from the location the user set (own country, own area, outside
+// line).
 std::int32_t AtModem::lineTranslateAddress(std::uint32_t device, const std::string& canonical,
                                            std::string& dialable) {
     if (device != 0) return LINEERR_BADDEVICEID;
-    dialable.clear();
-    bool first = true;
-    for (char c : canonical) {
-        if (c == '+' && first) dialable += "00";
-        if (c >= '0' && c <= '9') dialable += c;
-        if (c != ' ') first = false;
-    }
+    dialable = TranslateCanonicalAddress(canonical, options_.location);
     return 0;
 }
 
 std::int32_t AtModem::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
-    countryCode = options_.countryCode;
-    cityCode.clear();
+    countryCode = options_.location.countryCode;
+    cityCode = options_.location.areaCode;
     return 0;
 }
 

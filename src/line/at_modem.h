@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "core/event_loop.h"
+#include "line/dialling_rules.h"
 #include "line/posix_serial_link.h"
 #include "line/telephony.h"
 
@@ -32,7 +33,7 @@ struct AtModemOptions {
     char dialMode = 'T';  // T tone, P pulse
     int baud = 115200;
     bool hardwareFlowControl = false;
-    std::string countryCode = "44";  // for tapiGetLocationInfo
+    DiallingLocation location;  // where the modem dials from
     Milliseconds commandTimeout{5000};
     Milliseconds dialTimeout{90000};
     Milliseconds guardTime{1000};     // silence around "+++"

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLocale>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -143,11 +144,16 @@ int RunProgram(int argc, char** argv) {
 
     QtEventLoop loop;
     SimulatedModem modem(loop);
-    // Device 0 is the simulated modem; then the ports of Modem/Ports and those found in /dev.
-    DeviceList devices(
-        loop, modem,
-        Settings(settingsStore, globals.strings.ProductName()).GetSetting("Modem", "Ports", ""),
-        AtModemOptions{}, DetectSerialPorts());
+    // Device 0 is the simulated modem; then the ports of Modem/Ports and those found in /dev,
+    // dialling by the location kept in the settings (first guessed from the system locale).
+    Settings programSettings(settingsStore, globals.strings.ProductName());
+    AtModemOptions modemOptions;
+    const QString territory = QLocale::territoryToCode(QLocale::system().territory());
+    modemOptions.location =
+        LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
+    modem.setLocationCountryCode(modemOptions.location.countryCode);
+    DeviceList devices(loop, modem, programSettings.GetSetting("Modem", "Ports", ""), modemOptions,
+                       DetectSerialPorts());
     QtDialogueHost dialogues;
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
