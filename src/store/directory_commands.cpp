@@ -64,14 +64,18 @@ bool frmMain::WriteDirectoryFile() {
     return false;
 }
 
+void frmMain::AddDirectoryEntry(const DirectoryEntry& entry) {
+    Directory.push_back(entry);
+    Names.AddItem(entry.Name);
+    Names.Text = entry.Name;
+}
+
 void frmMain::SaveDirectoryEntry(const DirectoryEntry& entry) {
     if (entry.Name.empty()) return;
     BusyCursor busy(*this);
     const int found = FindName(entry.Name);
     if (found < 0) {
-        Directory.push_back(entry);
-        Names.AddItem(entry.Name);
-        Names.Text = entry.Name;
+        AddDirectoryEntry(entry);
     } else {
         // A new spelling of the same name replaces the old one in the box too.
         auto& old = Directory[static_cast<std::size_t>(found)];

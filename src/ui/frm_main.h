@@ -117,6 +117,7 @@ class frmMain {
     int FindName(const std::string& name) const;
     // Adds the entry, or overwrites the one of the same name; rewrites phones.dat.
     void SaveDirectoryEntry(const DirectoryEntry& entry);
+    void AddDirectoryEntry(const DirectoryEntry& entry);
     void DeleteDirectoryEntry(int index);
     void cmbGroupName_Click();
     void SaveGroupMembers();

@@ -1,0 +1,61 @@
+#include "core/settings_keys.h"
+
+#include <array>
+
+namespace parlane {
+namespace {
+
+constexpr std::array kKeys = {
+    SettingKey{"Language", "Default", "0"},
+    SettingKey{"Language", "Version", "0"},
+    SettingKey{"Language", "International", "1"},
+    SettingKey{"Settings", "MaxDial", "3"},
+    SettingKey{"Settings", "Timeout", "30"},
+    SettingKey{"Settings", "Originator", "12345"},
+    SettingKey{"Settings", "MainLeft", "1000"},
+    SettingKey{"Settings", "MainTop", "1000"},
+    SettingKey{"Settings", "Tools", "1"},
+    SettingKey{"Settings", "FirstEdit", "0"},
+    SettingKey{"SMSC", "Default", ""},
+    SettingKey{"Queue", "View", "0"},
+    SettingKey{"Group", "View", "0"},
+    SettingKey{"FirstRun", "Modem", "0"},
+    SettingKey{"Modem", "Index", "0"},
+    SettingKey{"Modem", "Name", ""},
+    SettingKey{"Modem", "Ports", ""},
+    SettingKey{"Options", "ModemTip", "0"},
+    // Whoever runs the product sets these two.
+    SettingKey{"URL", "EmailSupport", "support@parlane.invalid"},
+    SettingKey{"URL", "WebSupport", "https://parlane.invalid/"},
+    SettingKey{"Texts", "Name1", ""},
+    SettingKey{"Texts", "Name2", ""},
+    SettingKey{"Texts", "Name3", ""},
+    SettingKey{"Texts", "Name4", ""},
+    SettingKey{"Texts", "Name5", ""},
+    SettingKey{"Texts", "Name6", ""},
+    SettingKey{"Texts", "Note1", ""},
+    SettingKey{"Texts", "Note2", ""},
+    SettingKey{"Texts", "Note3", ""},
+    SettingKey{"Texts", "Note4", ""},
+    SettingKey{"Texts", "Note5", ""},
+    SettingKey{"Texts", "Note6", ""},
+    SettingKey{"Texts", "Signature", ""},
+};
+
+}  // namespace
+
+std::span<const SettingKey> AllSettingKeys() {
+    return kKeys;
+}
+
+std::optional<std::string> DefaultFor(std::string_view section, std::string_view key,
+                                      const std::string& editionCentre,
+                                      const std::string& signature) {
+    if (section == "SMSC" && key == "Default") return editionCentre;
+    if (section == "Texts" && key == "Signature") return signature;
+    for (const auto& k : kKeys)
+        if (k.section == section && k.key == key) return std::string(k.defaultValue);
+    return std::nullopt;
+}
+
+}  // namespace parlane
