@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <filesystem>
 
+#include "line/modem_config.h"
+
 namespace parlane {
 namespace {
 
@@ -398,6 +400,9 @@ std::int32_t AtModem::lineMakeCall(std::uint32_t, std::uint32_t& callHandle,
     const std::int32_t request = ++requestId_;
     phase_ = Phase::Init;
     initIndex_ = 0;
+    // The centre's own init string follows the modem's.
+    callInit_ = options_.initCommands;
+    if (devConfig_ && !devConfig_->initString.empty()) callInit_.push_back(devConfig_->initString);
     dialCommand_ = std::string("ATD") + options_.dialMode + dialable;
     dialling_ = false;
     setMode(kCommand);
@@ -411,8 +416,8 @@ std::int32_t AtModem::lineMakeCall(std::uint32_t, std::uint32_t& callHandle,
 }
 
 void AtModem::nextCommand() {
-    if (initIndex_ < options_.initCommands.size()) {
-        send(options_.initCommands[initIndex_++]);
+    if (initIndex_ < callInit_.size()) {
+        send(callInit_[initIndex_++]);
         armTimeout(options_.commandTimeout);
         return;
     }
@@ -548,10 +553,28 @@ std::int32_t AtModem::tapiGetLocationInfo(std::string& countryCode, std::string&
     return 0;
 }
 
-// Device configuration blocks are accepted and not applied yet; a later change brings them.
-std::int32_t AtModem::lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>&,
+// A centre's own serial settings and init string, for the call about to be placed. A block that
+// is not ours (another device's, damaged, empty) leaves the port as the options set it.
+std::int32_t AtModem::lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& block,
                                        const std::string&) {
-    return device == 0 ? 0 : LINEERR_BADDEVICEID;
+    if (device != 0) return LINEERR_BADDEVICEID;
+    devConfig_ = DecodeModemConfig(block);
+    if (!devConfig_ || fd_ < 0) return 0;
+    termios tio{};
+    if (tcgetattr(fd_, &tio) != 0) return 0;
+    cfsetispeed(&tio, SpeedFor(static_cast<int>(devConfig_->baud)));
+    cfsetospeed(&tio, SpeedFor(static_cast<int>(devConfig_->baud)));
+    tio.c_cflag &= ~(CSIZE | PARENB | PARODD | CSTOPB | CRTSCTS);
+    tio.c_cflag |= devConfig_->dataBits == 5   ? CS5
+                   : devConfig_->dataBits == 6 ? CS6
+                   : devConfig_->dataBits == 7 ? CS7
+                                               : CS8;
+    if (devConfig_->parity != 'N') tio.c_cflag |= PARENB;
+    if (devConfig_->parity == 'O') tio.c_cflag |= PARODD;
+    if (devConfig_->stopBits == 2) tio.c_cflag |= CSTOPB;
+    if (devConfig_->hardwareFlowControl) tio.c_cflag |= CRTSCTS;
+    tcsetattr(fd_, TCSANOW, &tio);  // a pseudo-terminal may refuse some of it; no harm
+    return 0;
 }
 
 }  // namespace parlane

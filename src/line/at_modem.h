@@ -13,12 +13,14 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "core/event_loop.h"
 #include "line/dialling_rules.h"
+#include "line/modem_config.h"
 #include "line/posix_serial_link.h"
 #include "line/telephony.h"
 
@@ -128,6 +130,8 @@ class AtModem : public TapiProvider {
 
     Phase phase_ = Phase::Idle;
     std::size_t initIndex_ = 0;
+    std::vector<std::string> callInit_;
+    std::optional<ModemConfig> devConfig_;
     bool hangupSent_ = false;
     std::string dialCommand_;
     std::uint32_t callHandle_ = 0;

@@ -15,6 +15,7 @@
 #include <fstream>
 
 #include "line/device_list.h"
+#include "line/modem_config.h"
 #include "support/pty_modem_emulator.h"
 #include "support/real_time_loop.h"
 #include "support/test_platform.h"
@@ -87,12 +88,18 @@ TEST(AtModem, DialsWithEchoAndNumericCodesHangsUpAndCallsAgain) {
     modem->lineTranslateAddress(0, "+44 (0800) 100100", dialable);
     EXPECT_EQ(dialable, "0800100100");
 
+    // The centre's own block brings its init string after the modem's.
+    ModemConfig centreConfig;
+    centreConfig.initString = "AT&K0";
+    EXPECT_EQ(modem->lineSetDevConfig(0, EncodeModemConfig(centreConfig), "comm/datamodem"), 0);
+
     const auto tick = Clock::now();
     EXPECT_GT(modem->lineMakeCall(line, call, dialable, LINEMEDIAMODE_DATAMODEM), 0);
     ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
     std::printf("[ figures ] dial to CONNECTED on the loop: %.1f ms (emulator answers after 300)\n",
                 Ms(Clock::now() - tick));
-    EXPECT_EQ(b.emulator.commands(), (std::vector<std::string>{"atz", "ATE1V0", "ATDT0800100100"}));
+    EXPECT_EQ(b.emulator.commands(),
+              (std::vector<std::string>{"atz", "ATE1V0", "AT&K0", "ATDT0800100100"}));
 
     // The data belong to the link now: the centre's greeting reaches it, not the provider.
     std::intptr_t fd = 0;

@@ -1,0 +1,113 @@
+#include "line/modem_config.h"
+
+namespace parlane {
+namespace {
+
+constexpr std::uint8_t kVersion = 1;
+enum Tag : std::uint8_t { Baud = 1, DataBits = 2, Parity = 3, StopBits = 4, Flow = 5, Init = 6 };
+
+void PutLe(std::vector<std::uint8_t>& out, std::uint32_t value, int width) {
+    for (int i = 0; i < width; ++i) out.push_back(static_cast<std::uint8_t>(value >> (8 * i)));
+}
+
+std::uint32_t GetLe(const std::vector<std::uint8_t>& in, std::size_t at, int width) {
+    std::uint32_t value = 0;
+    for (int i = width - 1; i >= 0; --i)
+        value = (value << 8) | in[at + static_cast<std::size_t>(i)];
+    return value;
+}
+
+void PutField(std::vector<std::uint8_t>& out, Tag tag, const std::vector<std::uint8_t>& value) {
+    out.push_back(tag);
+    PutLe(out, static_cast<std::uint32_t>(value.size()), 2);
+    out.insert(out.end(), value.begin(), value.end());
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> EncodeModemConfig(const ModemConfig& c) {
+    std::vector<std::uint8_t> out = {'P', 'L', 'M', 'C', kVersion};
+    std::vector<std::uint8_t> baud;
+    PutLe(baud, c.baud, 4);
+    PutField(out, Baud, baud);
+    PutField(out, DataBits, {c.dataBits});
+    PutField(out, Parity, {static_cast<std::uint8_t>(c.parity)});
+    PutField(out, StopBits, {c.stopBits});
+    PutField(out, Flow, {static_cast<std::uint8_t>(c.hardwareFlowControl ? 1 : 0)});
+    const std::string init = c.initString.substr(0, 0xFFFF);
+    PutField(out, Init, std::vector<std::uint8_t>(init.begin(), init.end()));
+    return out;
+}
+
+std::optional<ModemConfig> DecodeModemConfig(const std::vector<std::uint8_t>& in) {
+    if (in.size() < 5 || in[0] != 'P' || in[1] != 'L' || in[2] != 'M' || in[3] != 'C' || in[4] < 1)
+        return std::nullopt;
+    ModemConfig c;
+    std::size_t at = 5;
+    while (at < in.size()) {
+        if (in.size() - at < 3) return std::nullopt;
+        const std::uint8_t tag = in[at];
+        const std::size_t length = GetLe(in, at + 1, 2);
+        at += 3;
+        if (in.size() - at < length) return std::nullopt;
+        const auto byte = [&] { return length == 1 ? std::optional(in[at]) : std::nullopt; };
+        switch (tag) {
+            case Baud:
+                if (length != 4) return std::nullopt;
+                c.baud = GetLe(in, at, 4);
+                break;
+            case DataBits:
+                if (!byte() || *byte() < 5 || *byte() > 8) return std::nullopt;
+                c.dataBits = *byte();
+                break;
+            case Parity:
+                if (!byte() || (*byte() != 'N' && *byte() != 'E' && *byte() != 'O'))
+                    return std::nullopt;
+                c.parity = static_cast<char>(*byte());
+                break;
+            case StopBits:
+                if (!byte() || (*byte() != 1 && *byte() != 2)) return std::nullopt;
+                c.stopBits = *byte();
+                break;
+            case Flow:
+                if (!byte()) return std::nullopt;
+                c.hardwareFlowControl = *byte() != 0;
+                break;
+            case Init:
+                c.initString.assign(in.begin() + static_cast<std::ptrdiff_t>(at),
+                                    in.begin() + static_cast<std::ptrdiff_t>(at + length));
+                // An init string is one AT command line: no line ends inside it.
+                for (char ch : c.initString)
+                    if (ch == '\r' || ch == '\n') return std::nullopt;
+                break;
+            default:
+                break;  // a later version's field
+        }
+        at += length;
+    }
+    return c;
+}
+
+std::vector<std::uint8_t> WrapVarString(const std::vector<std::uint8_t>& block) {
+    constexpr std::uint32_t kFixed = 24;
+    const auto total = static_cast<std::uint32_t>(kFixed + block.size());
+    std::vector<std::uint8_t> out;
+    PutLe(out, total, 4);                                     // dwTotalSize
+    PutLe(out, total, 4);                                     // dwNeededSize
+    PutLe(out, total, 4);                                     // dwUsedSize
+    PutLe(out, 3, 4);                                         // dwStringFormat: binary
+    PutLe(out, static_cast<std::uint32_t>(block.size()), 4);  // dwStringSize
+    PutLe(out, kFixed, 4);                                    // dwStringOffset
+    out.insert(out.end(), block.begin(), block.end());
+    return out;
+}
+
+std::optional<std::vector<std::uint8_t>> UnwrapVarString(const std::vector<std::uint8_t>& in) {
+    if (in.size() < 24) return std::nullopt;
+    const std::size_t size = GetLe(in, 16, 4), offset = GetLe(in, 20, 4);
+    if (offset > in.size() || size > in.size() - offset) return std::nullopt;
+    return std::vector<std::uint8_t>(in.begin() + static_cast<std::ptrdiff_t>(offset),
+                                     in.begin() + static_cast<std::ptrdiff_t>(offset + size));
+}
+
+}  // namespace parlane
