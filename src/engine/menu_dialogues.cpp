@@ -33,17 +33,30 @@ std::string frmMain::MenuRecipient(bool tim) const {
     return head.CountryCode == "0" ? "0" + national : "00" + head.CountryCode + national;
 }
 
+// The row that sends the recipient decides whether another message follows in this call.
+void frmMain::SendMenuRecipient(const std::string& nextPrompt) {
+    MenuBlockStep();
+    ShowMessageInPanel(SendBuffer[1]);
+    ShowStatus(LoadResString(sid::SendingMobileNumber));
+    WaitSecs(2);
+    SendText(MenuRecipient(false) + kCr);
+    state.ExpectedPrompt = nextPrompt;
+}
+
+// The last message is done: the menu's goodbye keys, then the call ends.
+void frmMain::LeaveMenu(const std::string& goodbye) {
+    state.ExpectedPrompt.clear();
+    state.ReceiveBuffer.clear();
+    SendText(goodbye);
+    HangUp();
+}
+
 void frmMain::VodaLibertelRow() {
     if (UpperBound(SendBuffer) < 1) return;
     const bool voda = state.VodaDialogue;
     const std::string prompt = state.ExpectedPrompt;
     if (prompt == "NUMBER" || prompt == "telefoonnummer") {
-        MenuBlockStep();
-        ShowMessageInPanel(SendBuffer[1]);
-        ShowStatus(LoadResString(sid::SendingMobileNumber));
-        WaitSecs(2);
-        SendText(MenuRecipient(false) + kCr);
-        state.ExpectedPrompt = voda ? "TYPE" : "bericht";
+        SendMenuRecipient(voda ? "TYPE" : "bericht");
     } else if (prompt == "TYPE" || prompt == "bericht") {
         WaitSecs(1);
         ShowStatus(LoadResString(sid::SendingMessageText));
@@ -58,10 +71,7 @@ void frmMain::VodaLibertelRow() {
         state.ExpectedPrompt = voda ? "NUMBER" : "telefoonnummer";
     } else {
         EndMessage(sid::MessageSentSuccessfully);
-        state.ExpectedPrompt.clear();
-        state.ReceiveBuffer.clear();
-        SendText(kCr);
-        HangUp();
+        LeaveMenu(kCr);
     }
 }
 
@@ -75,12 +85,7 @@ void frmMain::OrangeRow() {
     }
     if (UpperBound(SendBuffer) < 1) return;
     if (prompt == "Pager number") {
-        MenuBlockStep();
-        ShowMessageInPanel(SendBuffer[1]);
-        ShowStatus(LoadResString(sid::SendingMobileNumber));
-        WaitSecs(2);
-        SendText(MenuRecipient(false) + kCr);
-        state.ExpectedPrompt = "to send";
+        SendMenuRecipient("to send");
     } else if (prompt == "to send") {
         ShowStatus(LoadResString(sid::SendingMessageText));
         WaitSecs(2);
@@ -95,10 +100,7 @@ void frmMain::OrangeRow() {
         state.ExpectedPrompt = "Pager number";
     } else {
         EndMessage(sid::MessageSentSuccessfully);
-        state.ExpectedPrompt.clear();
-        state.ReceiveBuffer.clear();
-        SendText(kCr);
-        HangUp();
+        LeaveMenu(kCr);
     }
 }
 
@@ -138,10 +140,7 @@ void frmMain::TimRow() {
     } else {
         EndMessage(sid::MessageSentSuccessfully);
         ShowStatus(LoadResString(sid::MessageSentSuccessfully));
-        state.ExpectedPrompt.clear();
-        state.ReceiveBuffer.clear();
-        SendText("q" + kCr + kCr);
-        HangUp();
+        LeaveMenu("q" + kCr + kCr);
     }
 }
 
@@ -165,10 +164,7 @@ void frmMain::TimRefusal() {
         WalkBack();
     } else {
         EndMessage(sid::MessageRejectedBySmsc);
-        state.ExpectedPrompt.clear();
-        state.ReceiveBuffer.clear();
-        SendText("q" + kCr + kCr);
-        HangUp();
+        LeaveMenu("q" + kCr + kCr);
         ShowStatus(LoadResString(sid::MessageRejectedBySmsc));
     }
 }

@@ -225,6 +225,8 @@ class frmMain {
     void SendTapBlock(const QueuedMessage& head, const Provider& centre);
     void SendUcpFrame(const QueuedMessage& head, const Provider& centre);
     void MenuBlockStep();
+    void SendMenuRecipient(const std::string& nextPrompt);
+    void LeaveMenu(const std::string& goodbye);
     std::string MenuRecipient(bool tim) const;
     void VodaLibertelRow();
     void OrangeRow();
