@@ -23,6 +23,9 @@ constexpr int kLines = 100000;
 class SilentDialogues : public DialogueHost {
   public:
     int messageBox(const std::string&, int, const std::string&) override { return AnswerOk; }
+    std::string inputBox(const std::string&, const std::string&, const std::string&) override {
+        return {};
+    }
 };
 
 class FixedFile : public OpenFileChooser {

@@ -18,6 +18,9 @@ class DialogueHost {
     virtual ~DialogueHost() = default;
     // A modal box; returns the button pressed (1 OK, 6 Yes, 7 No).
     virtual int messageBox(const std::string& prompt, int flags, const std::string& title) = 0;
+    // A modal one-line question; the text typed, or "" when cancelled (as an empty answer).
+    virtual std::string inputBox(const std::string& prompt, const std::string& title,
+                                 const std::string& defaultText) = 0;
 };
 
 }  // namespace parlane

@@ -1,6 +1,7 @@
 #include "qt/qt_dialogue_host.h"
 
 #include <QGuiApplication>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <cstdio>
 
@@ -28,6 +29,18 @@ int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
     return AnswerOk;
+}
+
+std::string QtDialogueHost::inputBox(const std::string& prompt, const std::string& title,
+                                     const std::string& defaultText) {
+    if (QGuiApplication::platformName() == "offscreen") {
+        std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(), Cp1252ToUtf8(prompt).c_str());
+        return {};
+    }
+    bool ok = false;
+    const QString answer = QInputDialog::getText(owner_, ToQt(title), ToQt(prompt),
+                                                 QLineEdit::Normal, ToQt(defaultText), &ok);
+    return ok ? FromQt(answer) : std::string{};
 }
 
 }  // namespace parlane

@@ -12,6 +12,8 @@ class QtDialogueHost : public DialogueHost {
   public:
     void setOwner(QWidget* owner) { owner_ = owner; }
     int messageBox(const std::string& prompt, int flags, const std::string& title) override;
+    std::string inputBox(const std::string& prompt, const std::string& title,
+                         const std::string& defaultText) override;
 
   private:
     QWidget* owner_ = nullptr;

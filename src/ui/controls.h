@@ -12,6 +12,9 @@ namespace parlane {
 struct TextBox {
     std::string Text;
     bool Enabled = true;
+    // The caret and selection, in bytes of Text.
+    int SelStart = 0;
+    int SelLength = 0;
 };
 
 struct Label {
@@ -25,6 +28,9 @@ struct ListControl {
     int ListIndex = -1;
     std::string Text;
     bool Enabled = true;
+    // The caret and selection in the edit text of an editable combo box.
+    int SelStart = 0;
+    int SelLength = 0;
     // A sorted list keeps its rows in alphabetical order without regard to case.
     bool Sorted = false;
 
@@ -86,6 +92,7 @@ inline int ListControl::FindRow(const std::string& text) const {
 }
 
 struct MenuItem {
+    std::string Caption;
     bool Enabled = true;
     bool Checked = false;
     bool Visible = true;

@@ -49,6 +49,9 @@ class RecordingDialogues : public DialogueHost {
         boxes.push_back(std::to_string(flags) + " " + prompt + (title == "Parlane" ? "" : " !"));
         return AnswerOk;
     }
+    std::string inputBox(const std::string&, const std::string&, const std::string&) override {
+        return {};
+    }
     std::vector<std::string> boxes;
 };
 

@@ -18,6 +18,16 @@ int ScriptedDialogues::messageBox(const std::string& prompt, int flags, const st
     return flags == MbQuestionYesNo ? AnswerNo : AnswerOk;
 }
 
+std::string ScriptedDialogues::inputBox(const std::string& prompt, const std::string& title,
+                                        const std::string& defaultText) {
+    shown.push_back({prompt, 0, title});
+    inputDefaults.push_back(defaultText);
+    if (inputs.empty()) return {};
+    std::string answer = inputs.front();
+    inputs.pop_front();
+    return answer;
+}
+
 std::int32_t FakeLine::lineInitialize(LineCallbackFunction cb, const std::string&,
                                       std::uint32_t& count) {
     log.push_back("init");

@@ -26,7 +26,13 @@ class ScriptedDialogues : public DialogueHost {
         std::string title;
     };
     int messageBox(const std::string& prompt, int flags, const std::string& title) override;
+    std::string inputBox(const std::string& prompt, const std::string& title,
+                         const std::string& defaultText) override;
     std::deque<int> answers;  // used in order; OK (or No for a question) when empty
+    // Answers of input boxes, in order; "" (cancel) when empty. Each prompt is kept in `shown`
+    // with flags 0 and its default in `inputDefaults`.
+    std::deque<std::string> inputs;
+    std::vector<std::string> inputDefaults;
     std::vector<Shown> shown;
 };
 
