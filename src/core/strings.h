@@ -13,7 +13,7 @@ class Strings {
 
     // The text of bank-1 id `id` in the bank in use; nullopt when that bank lacks it.
     std::optional<std::string> TryLoad(int id) const;
-    // As TryLoad, but an empty text for a missing id: callers pass a missing string over.
+    // As TryLoad, falling back to bank 1; an empty text for an id no bank has.
     std::string LoadResString(int id) const;
     // The product's name in the bank in use (string 1052): titles, settings application name.
     std::string ProductName() const;

@@ -32,7 +32,10 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
       settings_(platform.settingsStore, globals.strings.ProductName()) {
     picToolIconsEnabled.fill(true);
     picToolIconsEnabled[2] = false;  // Stop, until a call is up
-    mnuHangUp.Enabled = false;
+    // Disabled until other commands enable them.
+    for (MenuItem* m : {&mnuHangUp, &mnuEdit, &mnuRemove, &mnuRemoveName}) m->Enabled = false;
+    mnuTools.Checked = true;
+    mnuFrench.Visible = false;
     tapi.appName = globals_.strings.ProductName();
     tapi.setLblEvent = [this](const std::string& text) {
         setLblEvent(text);

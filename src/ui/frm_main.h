@@ -6,6 +6,7 @@
 #include <array>
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,6 +27,7 @@
 #include "store/message_queue.h"
 #include "store/provider.h"
 #include "ui/controls.h"
+#include "ui/main_layout.h"
 
 namespace parlane {
 
@@ -85,7 +87,53 @@ class frmMain {
     void mnuSendSingle_Click();
     void mnuHangUp_Click();
     void mnuViewQueue_Click();
+    void mnuGroup_Click();
+    void mnuTools_Click();
     void mnuExit_Click();
+    // The window's own commands: help, web, mail, About and the disclaimer (main_commands.cpp).
+    void mnuContents_Click();
+    void mnuSupportInternet_Click();
+    void mnuSupportEmail_Click();
+    void mnuInternet_Click();
+    void mnuEmail_Click();
+    void mnuReadme_Click();
+    void mnuAbout_Click();
+    void mnuEnglish_Click() { ChooseLanguage(mnuEnglish, 0); }
+    void mnuItalian_Click() { ChooseLanguage(mnuItalian, 2000); }
+    void mnuGerman_Click() { ChooseLanguage(mnuGerman, 3000); }
+    void mnuFrench_Click() { ChooseLanguage(mnuFrench, 4000); }
+    void mnuRetries_Click() { ShowForm("frmDial"); }
+    void mnuTimeOut_Click() { ShowForm("frmTimeout"); }
+    void mnuOriginatorID_Click() { ShowForm("frmOriginator"); }
+    void mnuDefault_Click() { ShowModemChoice(); }
+    void mnuLog_Click() { ShowForm("frmFolders"); }
+    void mnuDebug2_Click() { ShowForm("frmDebug"); }
+    void mnuExport_Click();
+    void mnuBackup_Click();
+    void mnuRestore_Click();
+    void mnuNewSMSC_Click() { ShowForm("frmSMSCEdit"); }
+    void mnuEditSMSC_Click() { ShowForm("frmSMSCEdit"); }
+    void mnuDeleteSMSC_Click() { ShowForm("frmSMSCEdit"); }
+    // One dispatcher for the 14 toolbar icons; each does what its menu entry does.
+    void picToolIcons_Click(int index);
+
+    // Captions from the string bank in use: the whole window at load and after a change of
+    // language, the menus again by MenuRefresh.
+    void LoadFormCaptions();
+    void MenuRefresh();
+    void ChooseLanguage(MenuItem& item, int offset);
+    // The window's size and its frames, in twips, for the panels shown.
+    MainLayout layout = MainWindowLayout(false, false);
+
+    // Windows the view provides; without a view nothing is shown.
+    std::function<void(const std::string& form)> showForm;
+    // Opens a file, web address or mail address with the desktop's handler; false and a reason
+    // when that failed.
+    std::function<bool(const std::string& target, std::string& error)> openDocument;
+    // The help manual's address, set at load by the program; empty: no help.
+    std::string HelpFile;
+    // The view asks to enter What's This mode (icon 5).
+    std::function<void()> enterWhatsThis;
 
     // Queue operations.
     bool ResetQueueBuffer();
@@ -154,8 +202,21 @@ class frmMain {
     ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup, cboTapiDevice;
     Label lblInfo, lblTotal, lblOnline;
     std::string lblEvent = "1";
-    MenuItem mnuQueue, mnuSend, mnuSendSingle, mnuHangUp, mnuViewQueue, mnuGroup, mnuTools;
-    MenuItem mnuEnglish, mnuItalian, mnuGerman, mnuFrench, mnuOrvane;
+    // The menu tree (main_menu.cpp lists it with the captions' ids) and the two pop-ups.
+    MenuItem mnuFile, mnuQueue, mnuSend, mnuSendSingle, mnuInsert, mnuTelephoneDir, mnuNew,
+        mnuEditPhone, mnuDelete, mnuExport, mnuData, mnuBackup, mnuRestore, mnuExit;
+    MenuItem mnuView, mnuTools, mnuLog, mnuViewQueue, mnuGroup, mnuDebug2;
+    MenuItem mnuSettings, mnuSMSC, mnuNewSMSC, mnuEditSMSC, mnuDeleteSMSC, mnuModems,
+        mnuModemProperties, mnuDialLocation, mnuAddModem, mnuOriginatorID, mnuLanguage, mnuEnglish,
+        mnuItalian, mnuGerman, mnuFrench, mnuRetries, mnuTimeOut, mnuDefault;
+    MenuItem mnuHangUp;
+    MenuItem mnuHelp, mnuContents, mnuSupportInternet, mnuSupportEmail, mnuOrvane, mnuInternet,
+        mnuEmail, mnuReadme, mnuAbout;
+    MenuItem mnuPopUp, mnuEdit, mnuSeparator12, mnuRemove, mnuClear, mnuPopUp2, mnuRemoveName;
+    MenuItem mnuSeparator11;  // the rule under mnuInsert, hidden with it
+    // Captions and tool tips of the other controls by control name, set by LoadFormCaptions.
+    std::map<std::string, std::string> Captions, ToolTips;
+    std::string Caption;  // the window's title
     std::array<bool, 14> picToolIconsEnabled{};
     ProgressBar progress;
     std::string focusedControl;
@@ -163,7 +224,6 @@ class frmMain {
     int MainLeft = 1000, MainTop = 1000;  // twips
     bool minimised = false;
     int onlineFrame = 0;  // picture of the online indicator, 0 to 3
-    int MessageQueueColumns = 2;
 
     // ----- Tables and state -----
     std::vector<Provider> Providers;
@@ -253,7 +313,15 @@ class frmMain {
     void SelectDefaultCentre();
     void LoadProviders();
     void FirstRunModemCheck();
+
+  public:
     void ShowModemChoice();
+    void ShowForm(const std::string& form) {
+        if (showForm) showForm(form);
+    }
+
+  private:
+    void ApplyPanelLayout();
     void LoadDirectory();
     void ArchiveUnknownName(const std::string& name);
     bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);

@@ -88,7 +88,7 @@ void frmMain::Form_Load() {
     mnuViewQueue.Checked = queueView && *queueView == 1;
     const auto groupView = settings_.GetSettingInt("Group", "View", 0);
     mnuGroup.Checked = groupView && *groupView == 1;
-    MessageQueueColumns = mnuGroup.Checked ? 3 : 2;
+    ApplyPanelLayout();
 
     // Step 15.
     if (auto v = settings_.GetSettingInt("Settings", "Timeout", 30)) ResponseTimeoutSecs = *v;
@@ -101,12 +101,16 @@ void frmMain::Form_Load() {
     LoadQueueAtStart();
     RecoverJournal();
 
+    // Step 20.
+    LoadFormCaptions();
+
     // Step 21.
     FirstRunModemCheck();
 
     // Step 22.
     const auto tools = settings_.GetSettingInt("Settings", "Tools", 1);
     mnuTools.Checked = tools && *tools == 1;
+    if (mnuTools.Checked) ShowForm("frmToolWindow");
 
     loaded_ = true;
     changed();
@@ -161,21 +165,6 @@ void frmMain::Form_Unload() {
     platform_.serial.CloseCommunicationsPort();
     tapi.ShutdownTelephony();
     loaded_ = false;
-}
-
-}  // namespace parlane
-
-namespace parlane {
-
-void frmMain::mnuViewQueue_Click() {
-    mnuViewQueue.Checked = !mnuViewQueue.Checked;
-    settings_.SaveSetting("Queue", "View", mnuViewQueue.Checked ? "1" : "0");
-    changed();
-}
-
-void frmMain::mnuExit_Click() {
-    Form_QueryUnload();
-    Form_Unload();
 }
 
 }  // namespace parlane

@@ -1,0 +1,211 @@
+// The main window's own commands: panels, captions and language, help, web and mail, the
+// disclaimer, the modem menu, and the toolbar's dispatcher.
+#include <string>
+#include <utility>
+
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+#include "ui/main_menu.h"
+
+namespace parlane {
+namespace {
+
+struct ControlText {
+    const char* control;
+    int id;
+};
+
+constexpr ControlText kCaptions[] = {
+    {"fraLogo", sid::FrameMessageToSend},
+    {"fraMobile", sid::FrameMobileToSendTo},
+    {"fraDirectory", sid::FrameTelephoneDirectory},
+    {"fraGroup", sid::FrameBroadcastGroups},
+    {"fraQueue", sid::FrameMessageQueue},
+    {"lblmLable", sid::LabelCharactersUsed},
+    {"lblOnline", sid::LabelOnline},
+};
+
+constexpr ControlText kToolTips[] = {
+    {"Names", sid::TipNames},
+    {"txtCountryCode", sid::TipCountryCode},
+    {"txtAreaCode", sid::TipAreaCode},
+    {"txtNumber", sid::TipTelephoneNumber},
+    {"Services", sid::TipServiceProvider},
+    {"txtMessage", sid::TipSmsMessageText},
+    {"picToolIcons_0", sid::TipSendMessages},
+    {"picToolIcons_1", sid::TipQueueMessage},
+    {"picToolIcons_2", sid::TipStop},
+    {"picToolIcons_3", sid::TipSentMessages},
+    {"picToolIcons_4", sid::TipHelp},
+    {"picToolIcons_5", sid::TipWhatsThis},
+    {"picToolIcons_6", sid::TipExit},
+    {"picToolIcons_7", sid::TipAddNewEntry},
+    {"picToolIcons_8", sid::TipEditCurrentEntry},
+    {"picToolIcons_9", sid::TipDeleteCurrentEntry},
+    {"picToolIcons_10", sid::TipAddToGroupList},
+    {"picToolIcons_11", sid::TipUseThisGroupList},
+    {"picToolIcons_12", sid::TipAddNewGroup},
+    {"picToolIcons_13", sid::TipDeleteCurrentGroup},
+};
+
+}  // namespace
+
+void frmMain::LoadFormCaptions() {
+    Caption = LoadResString(sid::ProductName);
+    for (const auto& c : kCaptions) Captions[c.control] = LoadResString(c.id);
+    for (const auto& t : kToolTips) ToolTips[t.control] = LoadResString(t.id);
+    // The first load captions every menu, the language names included.
+    for (const auto& e : MainMenuTree())
+        if (e.id != 0) (this->*e.item).Caption = LoadResString(e.id);
+}
+
+void frmMain::MenuRefresh() {
+    for (const auto& e : MainMenuTree())
+        if (e.id != 0 && !e.keepsLoadCaption) (this->*e.item).Caption = LoadResString(e.id);
+}
+
+void frmMain::ChooseLanguage(MenuItem& item, int offset) {
+    if (item.Checked) return;
+    for (MenuItem* m : {&mnuEnglish, &mnuItalian, &mnuGerman, &mnuFrench}) m->Checked = false;
+    item.Checked = true;
+    globals_.strings.LanguageOffset = static_cast<std::int16_t>(offset);
+    settings_.SaveSetting("Language", "Default", std::to_string(offset));
+    LoadFormCaptions();
+    // The standard-texts window loads its texts again in the new language.
+    if (mnuTools.Checked) ShowForm("frmToolWindow");
+    MenuRefresh();
+    changed();
+}
+
+void frmMain::ApplyPanelLayout() {
+    layout = MainWindowLayout(mnuViewQueue.Checked, mnuGroup.Checked);
+}
+
+void frmMain::mnuViewQueue_Click() {
+    mnuViewQueue.Checked = !mnuViewQueue.Checked;
+    settings_.SaveSetting("Queue", "View", mnuViewQueue.Checked ? "1" : "0");
+    ApplyPanelLayout();
+    changed();
+}
+
+void frmMain::mnuGroup_Click() {
+    mnuGroup.Checked = !mnuGroup.Checked;
+    settings_.SaveSetting("Group", "View", mnuGroup.Checked ? "1" : "0");
+    ApplyPanelLayout();
+    changed();
+}
+
+void frmMain::mnuTools_Click() {
+    mnuTools.Checked = !mnuTools.Checked;
+    settings_.SaveSetting("Settings", "Tools", mnuTools.Checked ? "1" : "0");
+    ShowForm(mnuTools.Checked ? "frmToolWindow" : "-frmToolWindow");
+    changed();
+}
+
+void frmMain::mnuExit_Click() {
+    Form_QueryUnload();
+    Form_Unload();
+}
+
+void frmMain::mnuContents_Click() {
+    const std::string title = LoadResString(sid::ProductName);
+    if (HelpFile.empty()) {
+        platform_.dialogues.messageBox(LoadResString(sid::HelpUnavailable), MbInformation, title);
+        return;
+    }
+    std::string error;
+    if (!openDocument || !openDocument(HelpFile, error))
+        platform_.dialogues.messageBox(error, MbExclamation, title);
+}
+
+namespace {
+// A failure to reach the browser or mail program is the desktop's to report; nothing to undo.
+void Open(frmMain& form, const std::string& target) {
+    std::string error;
+    if (form.openDocument && !form.openDocument(target, error) && !error.empty())
+        form.ShowStatus(error);
+}
+}  // namespace
+
+void frmMain::mnuSupportInternet_Click() {
+    Open(*this, settings_.GetSetting("URL", "WebSupport", "https://parlane.invalid/"));
+}
+
+void frmMain::mnuSupportEmail_Click() {
+    Open(*this, "mailto:" + settings_.GetSetting("URL", "EmailSupport", "support@parlane.invalid") +
+                    "?subject=" + ReferenceCode);
+}
+
+void frmMain::mnuInternet_Click() {
+    Open(*this, "https://parlane.invalid/");
+}
+
+void frmMain::mnuEmail_Click() {
+    Open(*this, "mailto:support@parlane.invalid?subject=" + ReferenceCode);
+}
+
+void frmMain::mnuReadme_Click() {
+    const std::string gap = "\r\n\r\n";
+    platform_.dialogues.messageBox(LoadResString(sid::DisclaimerNoWarranty) + gap +
+                                       LoadResString(sid::DisclaimerNoLiability) + gap +
+                                       LoadResString(sid::DisclaimerCallingDevices) + gap +
+                                       LoadResString(sid::DisclaimerCallCosts) + gap +
+                                       LoadResString(sid::DisclaimerHigherRates),
+                                   MbInformation, LoadResString(sid::TitleDisclaimer));
+}
+
+void frmMain::mnuAbout_Click() {
+    ShowForm("frmSplash");
+}
+
+void frmMain::mnuExport_Click() {
+    BusyCursor busy(*this);
+    ShowForm("frmImport");
+}
+
+void frmMain::mnuBackup_Click() {
+    BusyCursor busy(*this);
+    ShowForm("frmBackup");
+}
+
+void frmMain::mnuRestore_Click() {
+    BusyCursor busy(*this);
+    ShowForm("frmRestore");
+}
+
+void frmMain::picToolIcons_Click(int index) {
+    if (index < 0 || index >= static_cast<int>(picToolIconsEnabled.size()) ||
+        !picToolIconsEnabled[static_cast<std::size_t>(index)])
+        return;
+    switch (index) {
+        case 0:
+            mnuSend_Click();
+            break;
+        case 1:
+            mnuQueue_Click();
+            focusedControl = "txtMessage";
+            break;
+        case 2:
+            mnuHangUp_Click();
+            break;
+        case 3: {
+            BusyCursor busy(*this);
+            mnuLog_Click();
+            break;
+        }
+        case 4:
+            mnuContents_Click();
+            break;
+        case 5:
+            if (enterWhatsThis) enterWhatsThis();
+            break;
+        case 6:
+            mnuExit_Click();
+            break;
+        default:
+            break;
+    }
+    changed();
+}
+
+}  // namespace parlane
