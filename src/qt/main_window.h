@@ -1,6 +1,7 @@
 #pragma once
-// The main window: a Qt view over frmMain. It mirrors the model's fields and hands every user
-// action to the model's handler of the same name.
+// The main window: a Qt view over frmMain. It mirrors the model's fields, places the frames
+// where the model's layout says, builds its menus from the model's menu tree, and hands every
+// user action to the model's handler of the same name.
 
 #include <QAction>
 #include <QComboBox>
@@ -9,9 +10,12 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMainWindow>
+#include <QMap>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QToolButton>
+#include <array>
 #include <functional>
 
 #include "ui/frm_main.h"
@@ -30,30 +34,53 @@ class MainWindow : public QMainWindow, public FormObserver {
     // Each status line as it is shown.
     std::function<void(const std::string&)> onStatus;
 
+    // Twips to pixels and back, at 96 dots per inch.
+    static constexpr int kTwipsPerPixel = 15;
+    QAction* action(const char* name) const { return actions_.value(name); }
+
   protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void buildMenus();
-    void buildPanels();
+    void buildToolbar();
+    void buildFrames();
+    void buildCompose();
+    void buildMobile();
+    void buildGroup();
+    void buildQueue();
+    void buildStatus();
+    void applyLayout();
+    void syncPosition();
+    void mirrorMenus();
+    void mirrorLists();
     void mirrorNoResponse();
-    QLineEdit* addLine(const char* name, TextBox& box);
-    void run(void (frmMain::*handler)());
+    void mirrorOnline();
+    QLineEdit* addNumberField(QWidget* parent, const char* name, TextBox& box);
+    QToolButton* addIcon(QWidget* parent, int index);
+    // Runs a handler of the model, then mirrors what it changed.
+    void run(const std::function<void()>& handler);
     std::string caption(int id) const;
 
     frmMain& form_;
     bool refreshing_ = false;
     bool closed_ = false;
+    QMap<QString, QAction*> actions_;
+    QMap<QString, QMenu*> menus_;
+    QWidget* picToolbar_ = nullptr;
+    std::array<QToolButton*, 14> picToolIcons_{};
+    QGroupBox *fraLogo_ = nullptr, *fraMobile_ = nullptr, *fraDirectory_ = nullptr,
+              *fraGroup_ = nullptr, *fraQueue_ = nullptr;
     QLineEdit *txtCountryCode_ = nullptr, *txtAreaCode_ = nullptr, *txtNumber_ = nullptr;
     QPlainTextEdit* txtMessage_ = nullptr;
     QPlainTextEdit* txtMessageQueue_ = nullptr;
-    QComboBox *Services_ = nullptr, *Names_ = nullptr;
-    QListWidget* MessageQueue_ = nullptr;
-    QGroupBox* fraQueue_ = nullptr;
-    QLabel *lblInfo_ = nullptr, *lblTotal_ = nullptr, *lblOnline_ = nullptr;
+    QComboBox *Services_ = nullptr, *Names_ = nullptr, *Country_ = nullptr,
+              *cmbGroupName_ = nullptr;
+    QListWidget *MessageQueue_ = nullptr, *lstGroup_ = nullptr;
+    QLabel *lblInfo_ = nullptr, *lblOnline_ = nullptr, *Picture1_ = nullptr, *lblmLable_ = nullptr,
+           *lblTextCounter_ = nullptr, *lblTotal_ = nullptr;
     QPointer<QMessageBox> frmNoResponse_;
-    QAction *mnuQueue_ = nullptr, *mnuSend_ = nullptr, *mnuSendSingle_ = nullptr,
-            *mnuHangUp_ = nullptr, *mnuViewQueue_ = nullptr;
 };
 
 }  // namespace parlane

@@ -21,6 +21,7 @@ struct MainLayout {
     // The queue list and its text box inside fraQueue: the frame's width less 300 twips.
     int MessageQueueWidth = 0;
     int MessageQueueColumns = 2;
+    bool operator==(const MainLayout&) const = default;
 };
 
 MainLayout MainWindowLayout(bool queueShown, bool groupShown);

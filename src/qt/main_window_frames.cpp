@@ -1,0 +1,228 @@
+// The main window's frames and controls. Frames stand where the model's layout puts them; the
+// controls inside a frame follow the frame's size.
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "core/string_ids.h"
+#include "qt/main_window.h"
+#include "qt/qt_text.h"
+#include "store/directory.h"
+
+namespace parlane {
+namespace {
+
+QRect ToPixels(const TwipRect& r) {
+    constexpr int t = MainWindow::kTwipsPerPixel;
+    return {r.Left / t, r.Top / t, r.Width / t, r.Height / t};
+}
+
+QGroupBox* NewFrame(QWidget* parent, const char* name) {
+    auto* frame = new QGroupBox(parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+}  // namespace
+
+QToolButton* MainWindow::addIcon(QWidget* parent, int index) {
+    auto* button = new QToolButton(parent);
+    button->setObjectName(QString("picToolIcons_%1").arg(index));
+    button->setAutoRaise(true);
+    button->setIconSize(QSize(28, 28));
+    button->setFocusPolicy(Qt::NoFocus);  // each icon's command also has a menu entry or key
+    connect(button, &QToolButton::clicked, this,
+            [this, index] { run([this, index] { form_.picToolIcons_Click(index); }); });
+    picToolIcons_[static_cast<std::size_t>(index)] = button;
+    return button;
+}
+
+QLineEdit* MainWindow::addNumberField(QWidget* parent, const char* name, TextBox& box) {
+    auto* edit = new QLineEdit(parent);
+    edit->setObjectName(name);
+    connect(edit, &QLineEdit::textEdited, this, [this, &box](const QString& text) {
+        if (!refreshing_) box.Text = FromQt(text);
+    });
+    return edit;
+}
+
+void MainWindow::buildToolbar() {
+    picToolbar_ = new QWidget(centralWidget());
+    picToolbar_->setObjectName("picToolbar");
+    auto* row = new QHBoxLayout(picToolbar_);
+    row->setContentsMargins(6, 2, 6, 2);
+    row->setSpacing(2);
+    for (int i = 0; i <= 6; ++i) row->addWidget(addIcon(picToolbar_, i));
+    row->addStretch(1);
+    Services_ = new QComboBox(picToolbar_);
+    Services_->setObjectName("Services");
+    Services_->setMinimumWidth(200);
+    connect(Services_, &QComboBox::activated, this,
+            [this](int index) { run([this, index] { form_.Services.select(index); }); });
+    row->addWidget(Services_);
+}
+
+void MainWindow::buildCompose() {
+    fraLogo_ = NewFrame(centralWidget(), "fraLogo");
+    auto* box = new QVBoxLayout(fraLogo_);
+    txtMessage_ = new QPlainTextEdit(fraLogo_);
+    txtMessage_->setObjectName("txtMessage");
+    txtMessage_->setTabChangesFocus(true);
+    connect(txtMessage_, &QPlainTextEdit::textChanged, this, [this] {
+        if (refreshing_) return;
+        form_.txtMessage.Text = FromQt(txtMessage_->toPlainText());
+        lblTextCounter_->setText(QString::number(form_.txtMessage.Text.size()));
+    });
+    box->addWidget(txtMessage_, 1);
+    auto* counters = new QHBoxLayout;
+    lblmLable_ = new QLabel(fraLogo_);
+    lblmLable_->setObjectName("lblmLable");
+    lblTextCounter_ = new QLabel(fraLogo_);
+    lblTextCounter_->setObjectName("lblTextCounter");
+    lblTotal_ = new QLabel(fraLogo_);
+    lblTotal_->setObjectName("lblTotal");
+    counters->addStretch(1);
+    counters->addWidget(lblmLable_);
+    counters->addWidget(lblTextCounter_);
+    counters->addWidget(lblTotal_);
+    counters->setSpacing(2);
+    box->addLayout(counters);
+}
+
+void MainWindow::buildMobile() {
+    fraMobile_ = NewFrame(centralWidget(), "fraMobile");
+    auto* grid = new QGridLayout(fraMobile_);
+    Names_ = new QComboBox(fraMobile_);
+    Names_->setObjectName("Names");
+    Names_->setEditable(true);
+    Names_->setInsertPolicy(QComboBox::NoInsert);
+    Names_->setCompleter(nullptr);  // the model completes names by its own rule
+    Country_ = new QComboBox(fraMobile_);
+    Country_->setObjectName("Country");
+    for (const auto& c : CountryTable()) Country_->addItem(ToQt(std::string(c.country)));
+    Country_->setCurrentIndex(-1);
+    connect(Country_, &QComboBox::activated, this, [this](int index) {
+        run([this, index] {
+            form_.txtCountryCode.Text =
+                CountryDialCode(CountryTable()[static_cast<std::size_t>(index)].country);
+            form_.focusedControl = "txtAreaCode";
+        });
+    });
+    txtCountryCode_ = addNumberField(fraMobile_, "txtCountryCode", form_.txtCountryCode);
+    txtAreaCode_ = addNumberField(fraMobile_, "txtAreaCode", form_.txtAreaCode);
+    txtNumber_ = addNumberField(fraMobile_, "txtNumber", form_.txtNumber);
+    grid->addWidget(Names_, 0, 0, 1, 3);
+    grid->addWidget(Country_, 1, 0, 1, 3);
+    grid->addWidget(txtCountryCode_, 2, 0);
+    grid->addWidget(txtAreaCode_, 2, 1);
+    grid->addWidget(txtNumber_, 2, 2);
+    grid->setColumnStretch(0, 2);
+    grid->setColumnStretch(1, 3);
+    grid->setColumnStretch(2, 6);
+
+    fraDirectory_ = NewFrame(centralWidget(), "fraDirectory");
+    auto* icons = new QHBoxLayout(fraDirectory_);
+    icons->setSpacing(2);
+    for (int i = 7; i <= 10; ++i) icons->addWidget(addIcon(fraDirectory_, i));
+    icons->addStretch(1);
+}
+
+void MainWindow::buildGroup() {
+    fraGroup_ = NewFrame(centralWidget(), "fraGroup");
+    auto* box = new QVBoxLayout(fraGroup_);
+    cmbGroupName_ = new QComboBox(fraGroup_);
+    cmbGroupName_->setObjectName("cmbGroupName");
+    connect(cmbGroupName_, &QComboBox::activated, this, [this](int index) {
+        run([this, index] {
+            form_.cmbGroupName.select(index);
+            form_.cmbGroupName_Click();
+        });
+    });
+    lstGroup_ = new QListWidget(fraGroup_);
+    lstGroup_->setObjectName("lstGroup");
+    connect(lstGroup_, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (!refreshing_) form_.lstGroup.ListIndex = row;
+    });
+    auto* icons = new QHBoxLayout;
+    icons->setSpacing(2);
+    for (int i = 11; i <= 13; ++i) icons->addWidget(addIcon(fraGroup_, i));
+    icons->addStretch(1);
+    box->addWidget(cmbGroupName_);
+    box->addWidget(lstGroup_, 1);
+    box->addLayout(icons);
+}
+
+void MainWindow::buildQueue() {
+    fraQueue_ = NewFrame(centralWidget(), "fraQueue");
+    auto* box = new QVBoxLayout(fraQueue_);
+    box->setSpacing(2);
+    MessageQueue_ = new QListWidget(fraQueue_);
+    MessageQueue_->setObjectName("MessageQueue");
+    // Rows run down and wrap into the next column, as a multi-column list box does.
+    MessageQueue_->setFlow(QListView::TopToBottom);
+    MessageQueue_->setWrapping(true);
+    MessageQueue_->setResizeMode(QListView::Adjust);
+    connect(MessageQueue_, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (refreshing_ || row < 0) return;
+        run([this, row] {
+            form_.MessageQueue.ListIndex = row;
+            form_.txtMessageQueue.Text = form_.QueueBuffer[static_cast<std::size_t>(row) + 1].Text;
+        });
+    });
+    txtMessageQueue_ = new QPlainTextEdit(fraQueue_);
+    txtMessageQueue_->setObjectName("txtMessageQueue");
+    txtMessageQueue_->setReadOnly(true);
+    box->addWidget(MessageQueue_, 3);
+    box->addWidget(txtMessageQueue_, 2);
+}
+
+void MainWindow::buildStatus() {
+    lblInfo_ = new QLabel(centralWidget());
+    lblInfo_->setObjectName("lblInfo");
+    lblInfo_->setFrameShape(QFrame::Panel);
+    lblInfo_->setFrameShadow(QFrame::Sunken);
+    lblOnline_ = new QLabel(lblInfo_);
+    lblOnline_->setObjectName("lblOnline");
+    Picture1_ = new QLabel(lblInfo_);
+    Picture1_->setObjectName("Picture1");
+    auto* row = new QHBoxLayout(lblInfo_);
+    row->setContentsMargins(4, 0, 4, 0);
+    row->addStretch(1);
+    row->addWidget(lblOnline_);
+    row->addWidget(Picture1_);
+}
+
+void MainWindow::buildFrames() {
+    auto* central = new QWidget;
+    central->setObjectName("central");
+    setCentralWidget(central);
+    buildToolbar();
+    buildCompose();
+    buildMobile();
+    buildGroup();
+    buildQueue();
+    buildStatus();
+}
+
+// Frames at the layout's places; the window's client area takes the layout's size.
+void MainWindow::applyLayout() {
+    const MainLayout& l = form_.layout;
+    picToolbar_->setGeometry(ToPixels(l.toolbar));
+    fraLogo_->setGeometry(ToPixels(l.fraLogo));
+    fraMobile_->setGeometry(ToPixels(l.fraMobile));
+    fraDirectory_->setGeometry(ToPixels(l.fraDirectory));
+    fraGroup_->setGeometry(ToPixels(l.fraGroup));
+    fraQueue_->setGeometry(ToPixels(l.fraQueue));
+    lblInfo_->setGeometry(ToPixels(l.lblInfo));
+    const bool queue = form_.mnuViewQueue.Checked, group = form_.mnuGroup.Checked;
+    fraQueue_->setVisible(queue);
+    fraGroup_->setVisible(group);
+    MessageQueue_->setGridSize(
+        QSize((l.MessageQueueWidth / kTwipsPerPixel) / l.MessageQueueColumns - 4,
+              MessageQueue_->fontMetrics().height() + 2));
+    const QSize client(l.Width / kTwipsPerPixel, l.Height / kTwipsPerPixel);
+    centralWidget()->setFixedSize(client);
+    adjustSize();
+}
+
+}  // namespace parlane

@@ -1,0 +1,157 @@
+// The main window's own commands: menus and captions, languages, panels, help and disclaimer.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "support/test_platform.h"
+#include "ui/main_menu.h"
+
+namespace parlane {
+namespace {
+
+using testing::TestPlatform;
+
+TEST(MainMenu, EveryEntryHasACaptionAndAKnownParent) {
+    std::set<std::string> names;
+    for (const auto& e : MainMenuTree()) {
+        EXPECT_TRUE(names.insert(e.name).second) << "twice: " << e.name;
+        if (*e.parent) {
+            EXPECT_TRUE(names.count(e.parent)) << e.name << " before its parent";
+        }
+    }
+    TestPlatform p;
+    auto& f = p.load();
+    for (const auto& e : MainMenuTree()) {
+        if (e.id == 0) continue;
+        EXPECT_FALSE((f.*e.item).Caption.empty()) << e.name;
+        EXPECT_EQ((f.*e.item).Caption, f.LoadResString(e.id)) << e.name;
+    }
+    EXPECT_EQ(f.mnuExit.Caption, "E&xit");
+    EXPECT_EQ(f.mnuTools.Caption, "Standard Texts");
+    EXPECT_EQ(f.Captions["fraQueue"], "Message Queue:");
+    EXPECT_EQ(f.ToolTips["picToolIcons_10"], "Add To Group List");
+    // Disabled until other commands enable them.
+    for (const char* name : {"mnuHangUp", "mnuEdit", "mnuRemove", "mnuRemoveName"})
+        EXPECT_FALSE((f.*FindMenuEntry(name)->item).Enabled) << name;
+    EXPECT_FALSE(f.mnuFrench.Visible);
+}
+
+TEST(Language, ChoosingABankTicksItStoresItAndKeepsTheLanguageNames) {
+    TestPlatform p;
+    auto& f = p.load();
+    EXPECT_TRUE(f.mnuEnglish.Checked);
+    f.mnuGerman_Click();
+    EXPECT_TRUE(f.mnuGerman.Checked);
+    EXPECT_FALSE(f.mnuEnglish.Checked);
+    EXPECT_EQ(p.settings.read("Parlane", "Language", "Default"), "3000");
+    EXPECT_EQ(f.globals().strings.LanguageOffset, 3000);
+    // No German bank ships yet: the English texts stand in rather than blanks.
+    EXPECT_EQ(f.mnuFile.Caption, "&File");
+    EXPECT_EQ(f.Caption, "Parlane");
+    // A second click on the ticked language changes nothing.
+    p.settings.write("Parlane", "Language", "Default", "x");
+    f.mnuGerman_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Language", "Default"), "x");
+}
+
+TEST(Panels, TogglesStoreTheirSettingAndResizeTheWindow) {
+    TestPlatform p;
+    auto& f = p.load();
+    const MainLayout small = f.layout;
+    EXPECT_EQ(small.MessageQueueColumns, 2);
+
+    f.mnuViewQueue_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Queue", "View"), "1");
+    EXPECT_EQ(f.layout.Height, small.Height + 1770);
+    EXPECT_EQ(f.layout.Width, small.Width);
+    // The status line moves below the queue frame.
+    EXPECT_GE(f.layout.lblInfo.Top, f.layout.fraQueue.Bottom());
+
+    f.mnuGroup_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Group", "View"), "1");
+    EXPECT_EQ(f.layout.Width, small.Width + 3190);
+    EXPECT_EQ(f.layout.MessageQueueColumns, 3);
+    EXPECT_EQ(f.layout.fraQueue.Right(), f.layout.fraGroup.Right());
+    EXPECT_EQ(f.layout.MessageQueueWidth, f.layout.fraQueue.Width - 300);
+
+    f.mnuGroup_Click();
+    f.mnuViewQueue_Click();
+    EXPECT_EQ(f.layout, small);
+    EXPECT_EQ(f.layout.fraQueue.Right(), f.layout.fraMobile.Right());
+    EXPECT_EQ(p.settings.read("Parlane", "Group", "View"), "0");
+}
+
+TEST(Panels, StartAsTheSettingsLeftThem) {
+    TestPlatform p;
+    p.settings.write("Parlane", "Queue", "View", "1");
+    p.settings.write("Parlane", "Group", "View", "1");
+    p.settings.write("Parlane", "Settings", "Tools", "0");
+    auto& f = p.load();
+    EXPECT_TRUE(f.mnuViewQueue.Checked);
+    EXPECT_TRUE(f.mnuGroup.Checked);
+    EXPECT_FALSE(f.mnuTools.Checked);
+    EXPECT_EQ(f.layout, MainWindowLayout(true, true));
+}
+
+TEST(Help, ContentsWithoutAManualSaysSoAndAFailedOpenIsReported) {
+    TestPlatform p;
+    auto& f = p.load();
+    f.HelpFile.clear();
+    f.mnuContents_Click();
+    ASSERT_EQ(p.dialogues.shown.size(), 1u);
+    EXPECT_EQ(p.dialogues.shown[0].prompt,
+              "Unable to display Help Contents. There is no Help associated with this project.");
+    EXPECT_EQ(p.dialogues.shown[0].flags, MbInformation);
+
+    f.HelpFile = "/nowhere/manual.html";
+    f.openDocument = [](const std::string&, std::string& error) {
+        error = "No viewer for HTML";
+        return false;
+    };
+    f.mnuContents_Click();
+    ASSERT_EQ(p.dialogues.shown.size(), 2u);
+    EXPECT_EQ(p.dialogues.shown[1].prompt, "No viewer for HTML");
+    EXPECT_EQ(p.dialogues.shown[1].flags, MbExclamation);
+}
+
+TEST(Help, MailCarriesTheReferenceCodeAndTheDisclaimerHasFiveParagraphs) {
+    TestPlatform p;
+    p.settings.write("Parlane", "URL", "EmailSupport", "help@example.org");
+    auto& f = p.load();
+    std::string opened;
+    f.openDocument = [&](const std::string& target, std::string&) {
+        opened = target;
+        return true;
+    };
+    f.mnuSupportEmail_Click();
+    EXPECT_EQ(opened, "mailto:help@example.org?subject=" + f.ReferenceCode);
+
+    f.mnuReadme_Click();
+    const auto& box = p.dialogues.shown.back();
+    EXPECT_EQ(box.title, "Disclaimer");
+    std::size_t paragraphs = 1;
+    for (std::size_t at = 0; (at = box.prompt.find("\r\n\r\n", at)) != std::string::npos; at += 4)
+        ++paragraphs;
+    EXPECT_EQ(paragraphs, 5u);
+    EXPECT_EQ(box.prompt.rfind("This software is provided as-is", 0), 0u);
+}
+
+TEST(Toolbar, IconsRunTheirMenuCommandsAndDisabledOnesDoNothing) {
+    TestPlatform p;
+    auto& f = p.load();
+    std::vector<std::string> forms;
+    f.showForm = [&](const std::string& form) { forms.push_back(form); };
+    f.picToolIcons_Click(3);
+    EXPECT_EQ(forms, std::vector<std::string>{"frmFolders"});
+    EXPECT_EQ(f.busyDepth, 0);  // the busy pointer is back
+    f.picToolIcons_Click(2);    // Stop, disabled between calls
+    EXPECT_FALSE(f.state.StopPressed);
+    bool whatsThis = false;
+    f.enterWhatsThis = [&] { whatsThis = true; };
+    f.picToolIcons_Click(5);
+    EXPECT_TRUE(whatsThis);
+}
+
+}  // namespace
+}  // namespace parlane
