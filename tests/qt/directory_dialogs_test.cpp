@@ -1,5 +1,5 @@
-// The directory-entry and new-group views: keys go through the model's rules, the buttons
-// through its handlers, and the view closes when the model unloads.
+// The directory-entry view: keys go through the model's rules, the buttons through its
+// handlers, and the view closes when the model unloads.
 #include "qt/dialogs/directory_dialogs.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,6 @@
 
 #include "support/test_platform.h"
 #include "ui/frm_directory_add.h"
-#include "ui/frm_group_add.h"
 
 namespace parlane {
 namespace {
@@ -53,23 +52,6 @@ TEST(QtDirectoryDialogs, EntryKeysAndSaveGoThroughTheModel) {
     EXPECT_EQ(p.dialogues.shown.at(0).prompt, "Please Enter A Name");
     ASSERT_EQ(form.Directory.size(), 1u);
     EXPECT_EQ(form.Directory[0], (DirectoryEntry{"Cleo", "44", "07", "5+1", "Alpha"}));
-}
-
-TEST(QtDirectoryDialogs, GroupAddRefusesThenClosesOnCancel) {
-    testing::TestPlatform p;
-    auto& form = p.load();
-    frmGroupAdd model(form);
-    model.Form_Load();
-    model.NewGroupName = "stale";
-    WhenOpen("frmGroupAdd", [&](QDialog& d) {
-        d.findChild<QPushButton*>("cmdProviderItemOk")->click();
-        EXPECT_TRUE(d.isVisible());
-        d.findChild<QPushButton*>("cmdProviderItemCancel")->click();
-    });
-    ShowGroupAddDialog(nullptr, model);
-    EXPECT_TRUE(model.unloaded);
-    EXPECT_EQ(model.NewGroupName, "");
-    EXPECT_EQ(p.dialogues.shown.at(0).prompt, "Please enter a name for this new Group");
 }
 
 }  // namespace
