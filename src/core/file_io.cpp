@@ -10,6 +10,9 @@
 namespace parlane {
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
+    // A folder opens as a stream here, with a nonsense size.
+    std::error_code ec;
+    if (std::filesystem::is_directory(path, ec)) return std::nullopt;
     std::ifstream in(path, std::ios::binary | std::ios::ate);
     if (!in) return std::nullopt;
     const auto size = in.tellg();

@@ -145,7 +145,7 @@ bool frmMain::AddGroup(const std::string& name) {
         return false;
     }
     if (cmbGroupName.FindRow(name) >= 0) {
-        ShowMessageBox(LoadResString(sid::GroupNameExists), MbInformation);
+        ShowMessageBox(LoadResString(sid::GroupNameExists), MbExclamation);
         return false;
     }
     if (const int problem = GroupNameProblem(name)) {

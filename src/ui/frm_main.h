@@ -32,6 +32,9 @@
 namespace parlane {
 
 class frmModem;
+class frmDirectoryAdd;
+class frmGroupAdd;
+class OpenFileChooser;
 
 // What Main settles before any window exists.
 struct ProgramGlobals {
@@ -197,6 +200,52 @@ class frmMain {
     std::string LoadResString(int id) const { return globals_.strings.LoadResString(id); }
     std::string DefaultCentre() const;
 
+    // ----- Compose panel, directory, group and queue commands -----
+    // Compose panel.
+    std::int16_t CurrentMaxChars = 0;
+    bool SkipNameCompletion = false;
+    // txtCountryCode, txtAreaCode and txtNumber: the key, or 0 when it is dropped.
+    int NumberField_KeyPress(int keyAscii);
+    int Country_KeyPress(int) { return 0; }
+    int Services_KeyPress(int) { return 0; }
+    void Country_Click();
+    void Names_Change();
+    int Names_KeyDown(int keyCode);
+    void Names_Click();
+    void Names_LostFocus();
+    void Services_Click();
+    void Services_Change();
+    int txtMessage_KeyPress(int keyAscii);
+    void txtMessage_Change();
+    void mnuInsert_Click();
+    // Directory and group commands.
+    void mnuNew_Click();
+    void mnuEditPhone_Click();
+    void mnuDelete_Click();
+    void AddToGroupList();      // icon 10
+    void UseThisGroupList();    // icon 11
+    void AddNewGroup();         // icon 12
+    void DeleteCurrentGroup();  // icon 13
+    void mnuRemoveName_Click();
+    // Right button released over lstGroup; the view then shows mnuPopUp2.
+    void lstGroup_MouseUp();
+    // Queue commands.
+    void MessageQueue_Click();
+    void MessageQueue_DblClick() { mnuEdit_Click(); }
+    void mnuEdit_Click();
+    void mnuRemove_Click();
+    void mnuClear_Click();
+    // Right button released over MessageQueue; the view then shows mnuPopUp.
+    void MessageQueue_MouseUp();
+    int txtMessageQueue_KeyPress(int) { return 0; }
+    // The modal dialogues of these commands; without a hook the dialogue is not shown.
+    std::function<void(frmDirectoryAdd&)> showDirectoryAdd;
+    std::function<void(frmGroupAdd&)> showGroupAdd;
+    // The file-open dialogue of Insert Text File; without it the command does nothing.
+    OpenFileChooser* openFileChooser = nullptr;
+    ListControl Country;
+    Label lblTextCounter;
+
     // ----- Controls -----
     TextBox txtCountryCode, txtAreaCode, txtNumber, txtMessage, txtMessageQueue;
     ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup, cboTapiDevice;
@@ -311,6 +360,7 @@ class frmMain {
     void SetIdleLook();
     void SetCallingLook();
     void SelectDefaultCentre();
+    void ShowDirectoryAdd(const DirectoryEntry& entry, int commandNameId);
     void LoadProviders();
     void FirstRunModemCheck();
 

@@ -4,6 +4,7 @@
 #include "config/frm_modem.h"
 #include "core/file_io.h"
 #include "core/string_ids.h"
+#include "ui/frm_directory_add.h"
 #include "ui/frm_main.h"
 
 namespace parlane {
@@ -71,8 +72,11 @@ void frmMain::Form_Load() {
     }
     state.OriginatorId = settings_.GetSetting("Settings", "Originator", "12345");
 
-    // Step 10.
+    // Step 10. The selection sets the limit as a click on the list would.
     SelectDefaultCentre();
+    Services_Click();
+    txtMessage_Change();
+    FillCountryBox(Country);
 
     // Step 11.
     if (auto v = settings_.GetSettingInt("Settings", "MainLeft", 1000)) MainLeft = *v;

@@ -202,6 +202,27 @@ void frmMain::picToolIcons_Click(int index) {
         case 6:
             mnuExit_Click();
             break;
+        case 7:
+            mnuNew_Click();
+            break;
+        case 8:
+            mnuEditPhone_Click();
+            break;
+        case 9:
+            mnuDelete_Click();
+            break;
+        case 10:
+            AddToGroupList();
+            break;
+        case 11:
+            UseThisGroupList();
+            break;
+        case 12:
+            AddNewGroup();
+            break;
+        case 13:
+            DeleteCurrentGroup();
+            break;
         default:
             break;
     }

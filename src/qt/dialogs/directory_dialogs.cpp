@@ -1,0 +1,227 @@
+#include "qt/dialogs/directory_dialogs.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <functional>
+#include <utility>
+
+#include "qt/qt_text.h"
+#include "ui/frm_directory_add.h"
+#include "ui/frm_group_add.h"
+
+namespace parlane {
+namespace {
+
+// Hands each typed character to a model key rule (the key back, or 0 to drop it), and selects
+// a line edit's whole text when it gets the focus.
+class KeyRule : public QObject {
+  public:
+    KeyRule(QWidget* widget, std::function<int(int)> rule, bool selectOnFocus)
+        : QObject(widget), rule_(std::move(rule)), selectOnFocus_(selectOnFocus) {
+        widget->installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::FocusIn && selectOnFocus_) {
+            if (auto* edit = qobject_cast<QLineEdit*>(watched))
+                QTimer::singleShot(0, edit, &QLineEdit::selectAll);
+        }
+        if (event->type() != QEvent::KeyPress || !rule_) return false;
+        const auto* key = static_cast<QKeyEvent*>(event);
+        int ascii = 0;
+        if (key->key() == Qt::Key_Backspace)
+            ascii = 8;
+        else if (!key->text().isEmpty())
+            ascii = static_cast<unsigned char>(FromQt(key->text().left(1)).front());
+        else
+            return false;  // arrows, Delete and the like are not typing
+        return rule_(ascii) == 0;
+    }
+
+  private:
+    std::function<int(int)> rule_;
+    bool selectOnFocus_;
+};
+
+QLineEdit* LineEdit(const char* name, QWidget* parent) {
+    auto* edit = new QLineEdit(parent);
+    edit->setObjectName(name);
+    return edit;
+}
+
+QComboBox* ListBox(const char* name, QWidget* parent) {
+    auto* box = new QComboBox(parent);
+    box->setObjectName(name);
+    return box;
+}
+
+QPushButton* Button(const char* name, const std::string& caption, QWidget* parent) {
+    auto* button = new QPushButton(ToQt(caption), parent);
+    button->setObjectName(name);
+    return button;
+}
+
+void FillList(QComboBox* box, const ListControl& list) {
+    const QSignalBlocker block(box);
+    box->clear();
+    for (const auto& row : list.rows) box->addItem(ToQt(row));
+    box->setCurrentIndex(list.ListIndex);
+    box->setEnabled(list.Enabled);
+}
+
+void SetText(QLineEdit* edit, const TextBox& box) {
+    if (FromQt(edit->text()) != box.Text) edit->setText(ToQt(box.Text));
+}
+
+// Puts the focus where the model asked for it.
+void MoveFocus(QDialog& dialog, std::string& focusedControl) {
+    if (focusedControl.empty()) return;
+    if (auto* widget = dialog.findChild<QWidget*>(QString::fromStdString(focusedControl)))
+        widget->setFocus();
+    focusedControl.clear();
+}
+
+}  // namespace
+
+void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
+    QDialog dialog(owner);
+    dialog.setObjectName("frmDirectoryAdd");
+    dialog.setWindowTitle(ToQt(model.Caption));
+    auto* txtName = LineEdit("txtName", &dialog);
+    auto* Country = ListBox("Country", &dialog);
+    auto* txtCountryCode = LineEdit("txtCountryCode", &dialog);
+    auto* txtAreaCode = LineEdit("txtAreaCode", &dialog);
+    auto* txtNumber = LineEdit("txtNumber", &dialog);
+    auto* chkUseService = new QCheckBox(ToQt(model.chkUseService.Caption), &dialog);
+    chkUseService->setObjectName("chkUseService");
+    auto* Services = ListBox("Services", &dialog);
+    auto* lblSaving = new QLabel(ToQt(model.lblSaving.Caption), &dialog);
+    lblSaving->setObjectName("lblSaving");
+    auto* ok = Button("cmdProviderItemOk", model.cmdProviderItemOk.Caption, &dialog);
+    auto* cancel = Button("cmdProviderItemCancel", model.cmdProviderItemCancel.Caption, &dialog);
+    ok->setDefault(true);
+
+    auto* layout = new QFormLayout(&dialog);
+    layout->addRow(txtName);
+    layout->addRow(Country);
+    auto* number = new QHBoxLayout;
+    number->addWidget(txtCountryCode, 1);
+    number->addWidget(txtAreaCode, 1);
+    number->addWidget(txtNumber, 3);
+    layout->addRow(number);
+    layout->addRow(chkUseService);
+    layout->addRow(Services);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(lblSaving, 1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    layout->addRow(buttons);
+
+    const auto pull = [&] {
+        SetText(txtName, model.txtName);
+        SetText(txtCountryCode, model.txtCountryCode);
+        SetText(txtAreaCode, model.txtAreaCode);
+        SetText(txtNumber, model.txtNumber);
+        {
+            const QSignalBlocker block(chkUseService);
+            chkUseService->setChecked(model.chkUseService.Value);
+        }
+        FillList(Services, model.Services);
+        lblSaving->setVisible(model.lblSaving.Visible);
+        MoveFocus(dialog, model.focusedControl);
+        if (model.unloaded) dialog.done(QDialog::Accepted);
+    };
+    FillList(Country, model.Country);
+    pull();
+
+    const std::pair<QLineEdit*, TextBox*> fields[] = {{txtName, &model.txtName},
+                                                      {txtCountryCode, &model.txtCountryCode},
+                                                      {txtAreaCode, &model.txtAreaCode},
+                                                      {txtNumber, &model.txtNumber}};
+    for (auto [edit, box] : fields)
+        QObject::connect(edit, &QLineEdit::textEdited,
+                         [box](const QString& text) { box->Text = FromQt(text); });
+    new KeyRule(txtName, nullptr, true);
+    for (QLineEdit* edit : {txtCountryCode, txtAreaCode, txtNumber})
+        new KeyRule(
+            edit, [&model](int k) { return model.NumberField_KeyPress(k); }, true);
+    new KeyRule(
+        Country, [&model](int k) { return model.Country_KeyPress(k); }, false);
+    new KeyRule(
+        Services, [&model](int k) { return model.Services_KeyPress(k); }, false);
+
+    QObject::connect(Country, &QComboBox::activated, [&](int index) {
+        model.Country.select(index);
+        model.Country_Click();
+        pull();
+    });
+    QObject::connect(Services, &QComboBox::currentIndexChanged,
+                     [&](int index) { model.Services.select(index); });
+    QObject::connect(chkUseService, &QCheckBox::toggled, [&](bool checked) {
+        model.chkUseService.Value = checked;
+        model.chkUseService_Click();
+        pull();
+    });
+    QObject::connect(ok, &QPushButton::clicked, [&] {
+        model.cmdProviderItemOk_Click();
+        pull();
+    });
+    QObject::connect(cancel, &QPushButton::clicked, [&] {
+        model.cmdProviderItemCancel_Click();
+        pull();
+    });
+    // Closing by the window's frame or Escape is Cancel.
+    QObject::connect(&dialog, &QDialog::rejected, [&] {
+        if (!model.unloaded) model.cmdProviderItemCancel_Click();
+    });
+    if (!model.unloaded) dialog.exec();
+}
+
+void ShowGroupAddDialog(QWidget* owner, frmGroupAdd& model) {
+    QDialog dialog(owner);
+    dialog.setObjectName("frmGroupAdd");
+    dialog.setWindowTitle(ToQt(model.Caption));
+    auto* txtName = LineEdit("txtName", &dialog);
+    auto* ok = Button("cmdProviderItemOk", model.cmdProviderItemOk.Caption, &dialog);
+    auto* cancel = Button("cmdProviderItemCancel", model.cmdProviderItemCancel.Caption, &dialog);
+    ok->setDefault(true);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(txtName);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    layout->addLayout(buttons);
+
+    const auto pull = [&] {
+        SetText(txtName, model.txtName);
+        MoveFocus(dialog, model.focusedControl);
+        if (model.unloaded) dialog.done(QDialog::Accepted);
+    };
+    pull();
+    QObject::connect(txtName, &QLineEdit::textEdited,
+                     [&](const QString& text) { model.txtName.Text = FromQt(text); });
+    QObject::connect(ok, &QPushButton::clicked, [&] {
+        model.cmdProviderItemOk_Click();
+        pull();
+    });
+    QObject::connect(cancel, &QPushButton::clicked, [&] {
+        model.cmdProviderItemCancel_Click();
+        pull();
+    });
+    QObject::connect(&dialog, &QDialog::rejected, [&] {
+        if (!model.unloaded) model.cmdProviderItemCancel_Click();
+    });
+    if (!model.unloaded) dialog.exec();
+}
+
+}  // namespace parlane

@@ -1,0 +1,53 @@
+#pragma once
+// frmDirectoryAdd: one telephone-directory entry, new or edited. The caller fills `Entry` and
+// the title; Save stores it through the main window.
+
+#include <string>
+
+#include "exchange/exchange_controls.h"
+#include "store/directory.h"
+#include "ui/controls.h"
+
+namespace parlane {
+
+class frmMain;
+
+// Backspace, "+" and the digits pass into a number field; any other key comes back as 0.
+int NumberFieldKey(int keyAscii);
+// Fills a Country box with the country names, sorted.
+void FillCountryBox(ListControl& box);
+
+class frmDirectoryAdd {
+  public:
+    frmDirectoryAdd(frmMain& main, DirectoryEntry entry) : Entry(std::move(entry)), main_(main) {}
+
+    void Form_Load();
+    int NumberField_KeyPress(int keyAscii) { return NumberFieldKey(keyAscii); }
+    int Country_KeyPress(int) { return 0; }
+    int Services_KeyPress(int keyAscii) { return keyAscii == 8 ? keyAscii : 0; }
+    void Country_Click();
+    void chkUseService_Click() { Services.Enabled = chkUseService.Value; }
+    void cmdProviderItemOk_Click();
+    void cmdProviderItemCancel_Click();
+
+    // The values handed in and, after Save, out; Cancel empties the name.
+    DirectoryEntry Entry;
+    std::string OriginalName;
+
+    // ----- Controls -----
+    std::string Caption;
+    TextBox txtName, txtCountryCode, txtAreaCode, txtNumber;
+    ListControl Country, Services;
+    ExchangeOption chkUseService;
+    Label lblSaving;
+    ExchangeButton cmdProviderItemOk, cmdProviderItemCancel;
+    std::string focusedControl;
+    bool unloaded = false;
+
+  private:
+    // False, with the message shown and the focus on the field, at the first check that fails.
+    bool CheckFields();
+    frmMain& main_;
+};
+
+}  // namespace parlane
