@@ -8,6 +8,9 @@
 namespace parlane {
 
 void frmModem::Form_Load() {
+    Caption = main_.LoadResString(sid::TitleFrmModem);
+    Label1.Caption = main_.LoadResString(sid::PleaseSelectModem);
+    Label2.Caption = main_.LoadResString(sid::LabelModem);
     main_.tapi.FillDeviceList(cboTapiDevice);
     if (cboTapiDevice.ListCount() > 0) {
         int row = 0;

@@ -18,6 +18,8 @@ class frmModem {
     // Makes the chosen device every centre's modem and remembers the choice.
     void cmdProviderItemOk_Click();
 
+    std::string Caption;
+    Label Label1, Label2;
     ListControl cboTapiDevice;
     std::string focusedControl;
     bool unloaded = false;

@@ -79,6 +79,13 @@ std::string FixedRegionalFormats::shortDate(WallClockMs when) const {
     return buf;
 }
 
+std::string FixedRegionalFormats::shortTime(WallClockMs when) const {
+    const auto t = ToCivil(when);
+    char buf[16];
+    std::snprintf(buf, sizeof buf, "%02d:%02d", t.hour, t.minute);
+    return buf;
+}
+
 std::optional<WallClockMs> FixedRegionalFormats::parseLongDate(const std::string& text) const {
     std::istringstream in(text);
     std::string weekday, monthName;

@@ -339,6 +339,7 @@ constexpr std::array kBank1 = {
                "replace it"},
     BankString{sid::NotCopiedDamaged,
                "the file is damaged, and the file already in its place was kept"},
+    BankString{sid::NumberTooLarge, "Please enter a number no larger than 32767"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
     BankString{sid::MessageLabel, "Message:"},

@@ -312,6 +312,8 @@ inline constexpr int PleaseInstallModem = 1176;
 inline constexpr int OriginatorExplained = 1930;
 inline constexpr int OriginatorAreaCodeNote = 1932;
 inline constexpr int OriginatorMaxDigits = 1943;
+// Our own: the dial-attempt and time-out values must fit a 16-bit number.
+inline constexpr int NumberTooLarge = 1313;
 
 // Standard texts. The note prompts are followed by a blank and the note's number.
 inline constexpr int EnterNoteText = 1340;

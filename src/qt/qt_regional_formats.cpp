@@ -31,6 +31,10 @@ std::string QtRegionalFormats::shortDate(WallClockMs when) const {
     return FromQt(QLocale::system().toString(Local(when).date(), QLocale::ShortFormat));
 }
 
+std::string QtRegionalFormats::shortTime(WallClockMs when) const {
+    return FromQt(QLocale::system().toString(Local(when).time(), QLocale::ShortFormat));
+}
+
 std::optional<WallClockMs> QtRegionalFormats::parseLongDate(const std::string& text) const {
     const QDate date = QLocale::system().toDate(ToQt(text), QLocale::LongFormat);
     if (!date.isValid()) return std::nullopt;

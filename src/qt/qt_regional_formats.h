@@ -10,6 +10,7 @@ class QtRegionalFormats : public RegionalFormats {
     std::string longDate(WallClockMs when) const override;
     std::string longTime(WallClockMs when) const override;
     std::string shortDate(WallClockMs when) const override;
+    std::string shortTime(WallClockMs when) const override;
     std::optional<WallClockMs> parseLongDate(const std::string& text) const override;
 };
 

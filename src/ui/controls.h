@@ -91,6 +91,12 @@ inline int ListControl::FindRow(const std::string& text) const {
     return -1;
 }
 
+struct CheckBox {
+    std::string Caption;
+    bool Value = false;
+    bool Enabled = true;
+};
+
 struct MenuItem {
     std::string Caption;
     bool Enabled = true;

@@ -1,0 +1,108 @@
+#include "qt/dialogs/field_dialog.h"
+
+#include <QKeyEvent>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "qt/qt_text.h"
+
+namespace parlane {
+namespace {
+
+constexpr int kBackspace = 8;
+
+// The character code a key press would give the model, or 0 for keys that are not typed
+// characters (arrows, Delete, shortcuts, Return, Escape, Tab): those are left to Qt.
+int KeyAscii(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Backspace) return kBackspace;
+    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
+    const std::string typed = FromQt(key.text());
+    if (typed.size() != 1) return 0;
+    const int code = static_cast<unsigned char>(typed[0]);
+    return code < 32 ? 0 : code;
+}
+
+}  // namespace
+
+QString LabelText(const std::string& text) {
+    return ToQt(text).replace("\r\n", "\n");
+}
+
+QLabel* AddLabel(QBoxLayout* layout, const QString& name, const Label& label) {
+    auto* text = new QLabel(LabelText(label.Caption));
+    text->setObjectName(name);
+    text->setWordWrap(true);
+    layout->addWidget(text);
+    return text;
+}
+
+QPushButton* AddOk(QBoxLayout* layout, const char* name) {
+    auto* ok = new QPushButton("OK");
+    ok->setObjectName(name);
+    ok->setDefault(true);
+    layout->addWidget(ok, 0, Qt::AlignRight);
+    return ok;
+}
+
+FieldHooks::FieldHooks(QLineEdit* edit, TextBox& box, Handlers handlers)
+    : QObject(edit), edit_(edit), box_(box), handlers_(std::move(handlers)) {
+    edit->installEventFilter(this);
+    QObject::connect(edit, &QLineEdit::textEdited, this, [this](const QString& text) {
+        box_.Text = FromQt(text);
+        box_.SelStart = edit_->cursorPosition();
+        box_.SelLength = 0;
+        if (handlers_.change) {
+            handlers_.change();
+            if (edit_->text() != ToQt(box_.Text)) mirror();
+        }
+    });
+    mirror();
+}
+
+void FieldHooks::mirror() {
+    if (edit_->text() != ToQt(box_.Text)) edit_->setText(ToQt(box_.Text));
+    edit_->setSelection(box_.SelStart, box_.SelLength);
+}
+
+bool FieldHooks::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const int code = KeyAscii(*static_cast<QKeyEvent*>(event));
+        if (code != 0 && handlers_.keyPress(code) == 0) return true;  // dropped
+    } else if (event->type() == QEvent::FocusIn) {
+        handlers_.gotFocus();
+        // After the edit's own handling of the click that brought the focus.
+        QTimer::singleShot(0, edit_, [this] { mirror(); });
+        mirror();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void OneFieldDialog::build(Parts parts) {
+    parts_ = std::move(parts);
+    setWindowTitle(ToQt(*parts_.caption));
+    auto* layout = new QVBoxLayout(this);
+    int n = 0;
+    for (const Label* label : parts_.labels) AddLabel(layout, QString("Label%1").arg(++n), *label);
+    field_ = new QLineEdit;
+    field_->setObjectName(parts_.fieldName);
+    layout->addWidget(field_);
+    hooks_ = new FieldHooks(field_, *parts_.box, parts_.handlers);
+    connect(AddOk(layout, parts_.okName), &QPushButton::clicked, this, &OneFieldDialog::okClicked);
+}
+
+void OneFieldDialog::okClicked() {
+    parts_.ok();
+    if (*parts_.unloaded) {
+        accept();
+        return;
+    }
+    if (parts_.focusedControl && !parts_.focusedControl->empty()) {
+        parts_.focusedControl->clear();
+        field_->setFocus();
+        // Already focused: the model still selects the whole text, as on a new focus.
+        parts_.handlers.gotFocus();
+        hooks_->mirror();
+    }
+}
+
+}  // namespace parlane

@@ -1,0 +1,198 @@
+// The one-field dialogues of the line options: what they accept, what they refuse and what a
+// refusal leaves behind.
+#include <gtest/gtest.h>
+
+#include "config/frm_dial.h"
+#include "config/frm_modem_info.h"
+#include "config/frm_originator.h"
+#include "config/frm_timeout.h"
+#include "core/string_bank.h"
+#include "core/string_ids.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::TestPlatform;
+
+std::string Text(int id) {
+    return FindBankString(id).value_or("<missing>");
+}
+
+struct NumberCase {
+    const char* typed;
+    const char* stored;  // nullptr: refused
+    int message;         // the refusal's text id
+};
+
+TEST(DialAttempts, AcceptsOneOrMoreUpTo32767AndRefusalsKeepTheOldValue) {
+    const NumberCase cases[] = {
+        {"0", nullptr, sid::MustEnterAtLeastOne},
+        {"00", nullptr, sid::MustEnterAtLeastOne},
+        {"", nullptr, sid::MustEnterAtLeastOne},
+        {"-2", nullptr, sid::MustEnterAtLeastOne},
+        {"32768", nullptr, sid::NumberTooLarge},
+        {"99999999999", nullptr, sid::NumberTooLarge},
+        {"1", "1", 0},
+        {"+3", "3", 0},
+        {"3+4", "3", 0},
+        {"040", "40", 0},
+        {"32767", "32767", 0},
+        {"7 tries", "7", 0},
+    };
+    for (const auto& c : cases) {
+        TestPlatform p;
+        auto& f = p.load();
+        p.settings.write("Parlane", "Settings", "MaxDial", "5");
+        f.state.MaxDialAttempts = 5;
+        frmDial dialog(f);
+        dialog.Form_Load();
+        EXPECT_EQ(dialog.txtDialAttempts.Text, "5");
+        dialog.txtDialAttempts.Text = c.typed;
+        dialog.cmdProvidersClose_Click();
+        if (c.stored) {
+            EXPECT_TRUE(dialog.unloaded) << c.typed;
+            EXPECT_TRUE(p.dialogues.shown.empty()) << c.typed;
+            EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), c.stored);
+            EXPECT_EQ(std::to_string(f.state.MaxDialAttempts), c.stored);
+        } else {
+            EXPECT_FALSE(dialog.unloaded) << c.typed;
+            EXPECT_EQ(dialog.focusedControl, "txtDialAttempts");
+            ASSERT_EQ(p.dialogues.shown.size(), 1u) << c.typed;
+            EXPECT_EQ(p.dialogues.shown[0].prompt, Text(c.message)) << c.typed;
+            EXPECT_EQ(p.dialogues.shown[0].flags, MbInformation);
+            EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), "5");
+            EXPECT_EQ(f.state.MaxDialAttempts, 5);
+        }
+    }
+}
+
+TEST(ResponseTimeout, ThirtyIsTheLeastAndTheLowBoundIsCheckedFirst) {
+    const NumberCase cases[] = {
+        {"29", nullptr, sid::MustEnterAtLeast30},
+        {"", nullptr, sid::MustEnterAtLeast30},
+        {"+", nullptr, sid::MustEnterAtLeast30},
+        {"40000", nullptr, sid::NumberTooLarge},
+        {"30", "30", 0},
+        {"+045", "45", 0},
+    };
+    for (const auto& c : cases) {
+        TestPlatform p;
+        auto& f = p.load();
+        frmTimeout dialog(f);
+        dialog.Form_Load();
+        EXPECT_EQ(dialog.txtResponseSecs.Text, "30");  // the default
+        dialog.txtResponseSecs.Text = c.typed;
+        dialog.cmdOK_Click();
+        EXPECT_EQ(dialog.unloaded, c.stored != nullptr) << c.typed;
+        if (c.stored) {
+            EXPECT_EQ(p.settings.read("Parlane", "Settings", "Timeout"), c.stored);
+            EXPECT_EQ(std::to_string(f.ResponseTimeoutSecs), c.stored);
+        } else {
+            ASSERT_EQ(p.dialogues.shown.size(), 1u);
+            EXPECT_EQ(p.dialogues.shown[0].prompt, Text(c.message)) << c.typed;
+            EXPECT_EQ(dialog.focusedControl, "txtResponseSecs");
+            EXPECT_FALSE(p.settings.read("Parlane", "Settings", "Timeout"));
+            EXPECT_EQ(f.ResponseTimeoutSecs, 30);
+        }
+    }
+}
+
+TEST(NumberFields, TakeDigitsPlusAndBackspaceAndSelectAllOnFocus) {
+    TestPlatform p;
+    auto& f = p.load();
+    frmDial dial(f);
+    frmTimeout timeout(f);
+    dial.Form_Load();
+    for (int key = 1; key < 256; ++key) {
+        const bool wanted = (key >= '0' && key <= '9') || key == '+' || key == 8;
+        EXPECT_EQ(dial.txtDialAttempts_KeyPress(key), wanted ? key : 0) << key;
+        EXPECT_EQ(timeout.txtResponseSecs_KeyPress(key), wanted ? key : 0) << key;
+    }
+    dial.txtDialAttempts.Text = "123";
+    dial.txtDialAttempts.SelStart = 2;
+    dial.txtDialAttempts_GotFocus();
+    EXPECT_EQ(dial.txtDialAttempts.SelStart, 0);
+    EXPECT_EQ(dial.txtDialAttempts.SelLength, 3);
+}
+
+// Types a key as the view does: the filter first, then the box takes what got through.
+void Type(frmOriginator& dialog, int key) {
+    key = dialog.txtID_KeyPress(key);
+    if (key == 8) {
+        if (!dialog.txtID.Text.empty()) dialog.txtID.Text.pop_back();
+    } else if (key != 0) {
+        dialog.txtID.Text += static_cast<char>(key);
+    }
+}
+
+TEST(Originator, SixteenDigitsAtMostAndNeverAPlus) {
+    TestPlatform p;
+    auto& f = p.load();
+    frmOriginator dialog(f);
+    dialog.Form_Load();
+    EXPECT_EQ(dialog.txtID.Text, "12345");
+    dialog.txtID.Text.clear();
+    for (int i = 0; i < 17; ++i) {
+        Type(dialog, '+');
+        Type(dialog, 'a');
+        Type(dialog, '0' + i % 10);
+    }
+    EXPECT_EQ(dialog.txtID.Text, "0123456789012345");  // the 17th digit had no effect
+    Type(dialog, 8);
+    EXPECT_EQ(dialog.txtID.Text, "012345678901234");
+    Type(dialog, '9');
+    EXPECT_EQ(dialog.txtID.Text, "0123456789012349");
+
+    // Pasted text keeps to the same rule.
+    dialog.txtID.Text = "+44 7801/234567 and more digits 12345";
+    dialog.txtID_Change();
+    EXPECT_EQ(dialog.txtID.Text, "4478012345671234");
+    EXPECT_EQ(dialog.txtID.SelStart, 16);
+
+    dialog.cmdOK_Click();
+    EXPECT_TRUE(dialog.unloaded);
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Originator"), "4478012345671234");
+    EXPECT_EQ(f.state.OriginatorId, "4478012345671234");
+}
+
+TEST(Originator, AnEmptyFieldClosesAndKeepsTheOldValueWithoutAWord) {
+    TestPlatform p;
+    auto& f = p.load();
+    p.settings.write("Parlane", "Settings", "Originator", "447801234567");
+    f.state.OriginatorId = "447801234567";
+    frmOriginator dialog(f);
+    dialog.Form_Load();
+    dialog.txtID.Text.clear();
+    dialog.cmdOK_Click();
+    EXPECT_TRUE(dialog.unloaded);
+    EXPECT_TRUE(p.dialogues.shown.empty());
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Originator"), "447801234567");
+    EXPECT_EQ(f.state.OriginatorId, "447801234567");
+}
+
+TEST(ModemInfo, EveryClickStoresTheTickAndOneStopsTheNotice) {
+    TestPlatform p;
+    auto& f = p.load();
+    EXPECT_TRUE(frmModemInfo::Wanted(f.settings()));
+    frmModemInfo dialog(f);
+    dialog.Form_Load();
+    EXPECT_EQ(dialog.Caption, "Modem Settings Information");
+    EXPECT_EQ(dialog.lblInfo.Caption, Text(sid::ModemInfoConfigureDefaults) + "\r\n\r\n" +
+                                          Text(sid::ModemInfoSameAsControlPanel) + "\r\n\r\n" +
+                                          Text(sid::ModemInfoModemPerCentre) + "\r\n\r\n" +
+                                          Text(sid::ModemInfoNotThePlace));
+    EXPECT_FALSE(dialog.chkShowModemInfo.Value);
+    dialog.chkShowModemInfo.Value = true;
+    dialog.chkShowModemInfo_Click();
+    EXPECT_FALSE(frmModemInfo::Wanted(f.settings()));
+    dialog.chkShowModemInfo.Value = false;
+    dialog.chkShowModemInfo_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Options", "ModemTip"), "0");
+    EXPECT_TRUE(frmModemInfo::Wanted(f.settings()));
+    dialog.cmdOK_Click();
+    EXPECT_TRUE(dialog.unloaded);
+}
+
+}  // namespace
+}  // namespace parlane

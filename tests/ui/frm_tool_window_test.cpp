@@ -1,0 +1,149 @@
+// The standard-texts window: what a click adds to the message, where it is cut, and how the
+// notes are edited.
+#include "ui/frm_tool_window.h"
+
+#include <gtest/gtest.h>
+
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::TestPlatform;
+
+struct ToolFixture {
+    TestPlatform p;
+    frmMain& f = p.load();
+    frmToolWindow tools{f};
+
+    ToolFixture() {
+        f.lblTotal.Caption = "/10";
+        tools.Form_Load();
+    }
+    void note(int n, const std::string& text) {
+        p.settings.write("Parlane", "Texts", "Note" + std::to_string(n), text);
+    }
+};
+
+TEST(StandardTexts, InsertAppendsAndCutsAtTheLimitOfTheTotal) {
+    struct Case {
+        const char* message;
+        const char* note;
+        const char* after;
+    } cases[] = {
+        {"Hi ", "there, friend", "Hi there, "},  // cut where the limit is reached
+        {"0123456789", "more", "0123456789"},    // already at the limit
+        {"0123456789ABCDEF", "", "0123456789"},  // over the limit after a change of centre
+        {"Hi", "", "Hi"},                        // an empty note only moves the focus
+        {"", "abc", "abc"},
+    };
+    for (const auto& c : cases) {
+        ToolFixture t;
+        t.note(3, c.note);
+        t.f.txtMessage.Text = c.message;
+        t.f.txtMessage.SelStart = 0;  // the caret's place does not matter
+        EXPECT_TRUE(t.tools.picToolIcons_Click(2));
+        EXPECT_EQ(t.f.txtMessage.Text, c.after) << c.message << c.note;
+        EXPECT_EQ(t.f.txtMessage.SelStart, static_cast<int>(t.f.txtMessage.Text.size()));
+        EXPECT_EQ(t.f.focusedControl, "txtMessage");
+        EXPECT_TRUE(t.p.dialogues.shown.empty());
+    }
+}
+
+TEST(StandardTexts, NothingAtAllWhenTheMessageWouldStayEmpty) {
+    ToolFixture t;
+    t.f.focusedControl.clear();
+    EXPECT_FALSE(t.tools.picToolIcons_Click(0));
+    EXPECT_EQ(t.f.txtMessage.Text, "");
+    EXPECT_EQ(t.f.focusedControl, "");
+}
+
+TEST(StandardTexts, SignatureTimeAndDateAndNoLimitBeforeAnyCentre) {
+    ToolFixture t;
+    t.f.lblTotal.Caption = "";
+    t.tools.picToolIcons_Click(frmToolWindow::kSignatureIcon);
+    EXPECT_EQ(t.f.txtMessage.Text, "My Signature");
+    t.f.txtMessage.Text.clear();
+    t.tools.picToolIcons_Click(frmToolWindow::kDateIcon);
+    t.tools.picToolIcons_Click(frmToolWindow::kDateIcon);
+    EXPECT_EQ(t.f.txtMessage.Text, "02/01/202602/01/2026");  // nothing between the two
+    t.tools.picToolIcons_Click(frmToolWindow::kTimeIcon);
+    EXPECT_EQ(t.f.txtMessage.Text, "02/01/202602/01/202610:00");
+
+    EXPECT_EQ(TotalLimit(Label{"/160"}), 160);
+    EXPECT_EQ(TotalLimit(Label{"/"}), 0);
+    EXPECT_EQ(TotalLimit(Label{""}), std::nullopt);
+}
+
+TEST(StandardTexts, NamedNotesCaptionTheirIconAndMenuEntry) {
+    ToolFixture t;
+    EXPECT_EQ(t.tools.Caption, "Standard Texts");
+    EXPECT_EQ(t.tools.picToolIconsToolTipText[4], "Note5");
+    EXPECT_EQ(t.tools.mnuNote[4].Caption, "Note5");
+    EXPECT_EQ(t.tools.picToolIconsToolTipText[6], "My Signature");
+    EXPECT_EQ(t.tools.picToolIconsToolTipText[8], "Date");
+    t.p.settings.write("Parlane", "Texts", "Name5", "Late");
+    frmToolWindow again(t.f);
+    again.Form_Load();
+    EXPECT_EQ(again.picToolIconsToolTipText[4], "Late");
+    EXPECT_EQ(again.mnuNote[4].Caption, "Late");
+    EXPECT_EQ(again.mnuNote[3].Caption, "Note4");
+}
+
+TEST(StandardTexts, EditingANoteAsksTextThenNameAndAnEmptyAnswerEndsIt) {
+    ToolFixture t;
+    t.note(2, "old text");
+    // Cancel at the text: nothing changes and no name is asked.
+    t.tools.mnu2_Click();
+    ASSERT_EQ(t.p.dialogues.shown.size(), 1u);
+    EXPECT_EQ(t.p.dialogues.shown[0].prompt, "Enter your text for Note 2");
+    EXPECT_EQ(t.p.dialogues.shown[0].title, "Parlane");
+    EXPECT_EQ(t.p.dialogues.inputDefaults[0], "old text");
+    EXPECT_EQ(t.p.settings.read("Parlane", "Texts", "Note2"), "old text");
+
+    // A text, then cancel at the name: the text stays stored, the name as it was.
+    t.p.dialogues.inputs = {"new text"};
+    t.tools.mnu2_Click();
+    ASSERT_EQ(t.p.dialogues.shown.size(), 3u);
+    EXPECT_EQ(t.p.dialogues.shown[2].prompt, "Enter the name for note 2");
+    EXPECT_EQ(t.p.settings.read("Parlane", "Texts", "Note2"), "new text");
+    EXPECT_FALSE(t.p.settings.read("Parlane", "Texts", "Name2"));
+    EXPECT_EQ(t.tools.mnuNote[1].Caption, "Note2");
+
+    t.p.dialogues.inputs = {"newer", "Greeting"};
+    t.tools.mnu2_Click();
+    EXPECT_EQ(t.p.dialogues.inputDefaults[3], "new text");
+    EXPECT_EQ(t.p.settings.read("Parlane", "Texts", "Name2"), "Greeting");
+    EXPECT_EQ(t.tools.mnuNote[1].Caption, "Greeting");
+    EXPECT_EQ(t.tools.picToolIconsToolTipText[1], "Greeting");
+}
+
+TEST(StandardTexts, SignatureOffersTheDefaultAndIgnoresAnEmptyAnswer) {
+    ToolFixture t;
+    t.tools.mnuSig_Click();
+    EXPECT_EQ(t.p.dialogues.shown.back().prompt, "Enter your signature line");
+    EXPECT_EQ(t.p.dialogues.inputDefaults.back(), "My Signature");
+    EXPECT_FALSE(t.p.settings.read("Parlane", "Texts", "Signature"));
+    t.p.dialogues.inputs = {"-- Ann"};
+    t.tools.mnuSig_Click();
+    t.tools.picToolIcons_Click(frmToolWindow::kSignatureIcon);
+    EXPECT_EQ(t.f.txtMessage.Text, "-- Ann");
+}
+
+TEST(StandardTexts, PlacedRightOfTheMainWindowOrAgainstTheScreenEdge) {
+    const ScreenRect screen{0, 0, 1920, 1080};
+    auto at = ToolWindowTopLeft({100, 50, 800, 600}, screen, 200);
+    EXPECT_EQ(at.x, 900);
+    EXPECT_EQ(at.y, 50);
+    at = ToolWindowTopLeft({1000, 70, 800, 600}, screen, 200);
+    EXPECT_EQ(at.x, 1720);
+    EXPECT_EQ(at.y, 70);
+    at = ToolWindowTopLeft({921, 0, 800, 600}, screen, 200);  // one pixel short of room
+    EXPECT_EQ(at.x, 1720);
+    // A second screen to the right of the first.
+    at = ToolWindowTopLeft({2000, 10, 800, 600}, {1920, 0, 1280, 1024}, 200);
+    EXPECT_EQ(at.x, 2800);
+}
+
+}  // namespace
+}  // namespace parlane
