@@ -86,10 +86,10 @@ QUrl ManualUrl() {
     RegisterParlaneResources();
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     if (!cache.isEmpty()) {
-        const QString folder = cache + QStringLiteral("/manual");
-        if (CopyTree(QStringLiteral(":/parlane/manual"), folder) &&
-            CopyTree(QStringLiteral(":/parlane/icons"), folder + QStringLiteral("/icons")))
-            return QUrl::fromLocalFile(folder + QStringLiteral("/index.html"));
+        // The same tree as in the resources, so the manual's "../icons/" works in both.
+        if (CopyTree(QStringLiteral(":/parlane/manual"), cache + QStringLiteral("/manual")) &&
+            CopyTree(QStringLiteral(":/parlane/icons"), cache + QStringLiteral("/icons")))
+            return QUrl::fromLocalFile(cache + QStringLiteral("/manual/index.html"));
     }
     return QUrl(QStringLiteral("qrc:/parlane/manual/index.html"));
 }

@@ -52,7 +52,7 @@ TEST(Artwork, ManualIsCopiedOutWithItsPictures) {
     ASSERT_TRUE(index.open(QIODevice::ReadOnly));
     EXPECT_TRUE(index.readAll().contains("manual.css"));
     EXPECT_TRUE(QFile::exists(folder + "/manual.css"));
-    EXPECT_TRUE(QFile::exists(folder + "/icons/send.svg"));
+    EXPECT_TRUE(QFile::exists(folder + "/../icons/send.svg"));
 }
 
 TEST(ToolbarWidget, LaysOutTheRowWithTheRightControlAtTheEnd) {
