@@ -12,20 +12,22 @@
 namespace parlane {
 
 // The drawing of each main-window icon, by icon index.
-inline constexpr std::array<const char*, kMainToolbarCount> kMainToolbarArtwork{"send",
-                                                                                "queue",
-                                                                                "stop",
-                                                                                "sent",
-                                                                                "help",
-                                                                                "whatsthis",
-                                                                                "exit",
-                                                                                "entry_add",
-                                                                                "entry_edit",
-                                                                                "entry_delete",
-                                                                                "group_member_add",
-                                                                                "group_use",
-                                                                                "group_add",
-                                                                                "group_delete"};
+inline constexpr std::array<const char*, kMainToolbarCount> kMainToolbarArtwork{
+    "send",
+    "queue",
+    "stop",
+    "sent",
+    "help",
+    "whatsthis",
+    "exit",
+    "entry_add",
+    "entry_edit",
+    "entry_delete",
+    "group_member_add",
+    "group_use",
+    "group_add",
+    "group_delete",
+};
 // The standard-texts window: notes 1 to 6, signature, time, date.
 inline constexpr std::array<const char*, 9> kStandardTextArtwork{
     "note1", "note2", "note3", "note4", "note5", "note6", "signature", "clock", "calendar"};

@@ -125,7 +125,10 @@ QWidget* ToolbarWidget::icon(int index) const {
 
 void ToolbarWidget::setRightWidget(QWidget* widget) {
     right_ = widget;
-    if (widget) widget->setParent(this), widget->show();
+    if (widget) {
+        widget->setParent(this);
+        widget->show();
+    }
     relayout();
 }
 
