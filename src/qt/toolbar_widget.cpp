@@ -95,12 +95,12 @@ ToolbarWidget::ToolbarWidget(LoadString loadString, std::vector<Icon> icons, int
                              int imageSize, QWidget* parent)
     : QWidget(parent),
       loadString_(std::move(loadString)),
-      spec_(std::move(icons)),
+      iconInfo_(std::move(icons)),
       rowCount_(rowCount),
       rules_(std::make_unique<Rules>(*this)) {
     setMouseTracking(true);
-    for (std::size_t i = 0; i < spec_.size(); ++i) {
-        auto* icon = new ToolIcon(this, static_cast<int>(i), spec_[i].artwork, imageSize);
+    for (std::size_t i = 0; i < iconInfo_.size(); ++i) {
+        auto* icon = new ToolIcon(this, static_cast<int>(i), iconInfo_[i].artwork, imageSize);
         icon->setVisible(static_cast<int>(i) < rowCount_);
         icons_.push_back(icon);
     }
@@ -150,13 +150,13 @@ IconLook ToolbarWidget::iconLook(int index) const {
 
 void ToolbarWidget::refreshTips() {
     for (std::size_t i = 0; i < icons_.size(); ++i)
-        icons_[i]->setToolTip(ToQt(loadString_(spec_[i].tipId)));
+        icons_[i]->setToolTip(ToQt(loadString_(iconInfo_[i].tipId)));
 }
 
 QSize ToolbarWidget::sizeHint() const {
     std::vector<ToolbarIcon> row;
     for (std::size_t i = 0; i < icons_.size(); ++i)
-        row.push_back({icons_[i]->width(), spec_[i].Tag});
+        row.push_back({icons_[i]->width(), iconInfo_[i].Tag});
     const ToolbarGeometry g = ToolbarLayout(row, rowCount_, 0, 0);
     int width = g.iconLeft.empty() ? kToolbarGripWidth
                                    : g.iconLeft.back() + icons_[g.iconLeft.size() - 1]->width();
@@ -171,7 +171,7 @@ QSize ToolbarWidget::sizeHint() const {
 void ToolbarWidget::relayout() {
     std::vector<ToolbarIcon> row;
     for (std::size_t i = 0; i < icons_.size(); ++i)
-        row.push_back({icons_[i]->width(), spec_[i].Tag});
+        row.push_back({icons_[i]->width(), iconInfo_[i].Tag});
     const int rightWidth = right_ ? right_->sizeHint().width() : 0;
     const ToolbarGeometry g = ToolbarLayout(row, rowCount_, rightWidth, width());
     for (std::size_t i = 0; i < g.iconLeft.size(); ++i)

@@ -64,7 +64,7 @@ class ToolbarWidget : public QWidget {
     void pointerLeft();
 
     LoadString loadString_;
-    std::vector<Icon> spec_;
+    std::vector<Icon> iconInfo_;
     int rowCount_;
     std::vector<ToolIcon*> icons_;
     std::vector<int> dividers_;
