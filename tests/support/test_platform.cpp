@@ -117,7 +117,8 @@ std::int32_t FakeLine::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t
                                             const std::string&,
                                             const std::vector<std::uint8_t>& blockIn,
                                             std::vector<std::uint8_t>& varStringOut) {
-    log.push_back("config dialog edit " + std::to_string(device));
+    log.push_back("config dialog edit " + std::to_string(device) + " " +
+                  std::to_string(varStringOut.size()));
     editInput = blockIn;
     if (configDialogEditResult != 0) return configDialogEditResult;
     return WriteVarString(varStringOut, editedDevConfig);
