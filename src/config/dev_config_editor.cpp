@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "line/modem_config.h"
 #include "line/tapi_text.h"
 
 namespace parlane {
@@ -9,14 +10,6 @@ namespace {
 
 constexpr std::uint32_t kFirstPassSize = 1048;
 constexpr std::uint32_t kEditOutputSize = 1024;
-
-std::uint32_t ByteDword(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
-    if (offset + 4 > bytes.size()) return 0;
-    return static_cast<std::uint32_t>(bytes[offset]) |
-           static_cast<std::uint32_t>(bytes[offset + 1]) << 8 |
-           static_cast<std::uint32_t>(bytes[offset + 2]) << 16 |
-           static_cast<std::uint32_t>(bytes[offset + 3]) << 24;
-}
 
 void PutDword(std::vector<std::uint8_t>& bytes, std::uint32_t value) {
     for (std::size_t i = 0; i < 4; ++i) bytes[i] = static_cast<std::uint8_t>(value >> (8 * i));

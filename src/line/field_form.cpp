@@ -8,12 +8,6 @@
 
 namespace parlane {
 
-TextBox* FieldForm::field(const std::string& control) {
-    for (auto& f : fields_)
-        if (control == f.control) return f.box;
-    return nullptr;
-}
-
 const FieldForm::Field* FieldForm::FirstFault() const {
     for (const auto& f : fields_)
         if (!f.valid(f.box->Text)) return &f;

@@ -28,7 +28,6 @@ class FieldForm {
     virtual ~FieldForm() = default;
 
     const std::vector<Field>& fields() const { return fields_; }
-    TextBox* field(const std::string& control);
     // The first field, in order, whose text breaks its rule; null when all hold.
     const Field* FirstFault() const;
     // The OK button's check: on a fault "Please Enter A Valid <label>" in a box titled with the

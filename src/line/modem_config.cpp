@@ -119,6 +119,10 @@ std::optional<std::vector<std::uint8_t>> UnwrapVarString(const std::vector<std::
                                      in.begin() + static_cast<std::ptrdiff_t>(offset + size));
 }
 
+std::uint32_t ByteDword(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
+    return offset <= bytes.size() && bytes.size() - offset >= 4 ? GetLe(bytes, offset, 4) : 0;
+}
+
 std::int32_t WriteVarString(std::vector<std::uint8_t>& out,
                             const std::vector<std::uint8_t>& block) {
     if (out.size() < kVarStringFixed) return LINEERR_STRUCTURETOOSMALL;

@@ -1,12 +1,11 @@
 // The device dialogs' Qt views: fields mirrored by name, keys filtered by the model, OK held
-// back by the model's check, and cancel on a platform with no screen.
+// back by the model's check.
 #include "qt/qt_device_dialogs.h"
 
 #include <gtest/gtest.h>
 
 #include <QDialog>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 
@@ -39,22 +38,6 @@ TEST(QtDeviceDialogs, OkRunsTheModelsCheckAndKeysGoThroughItsFilter) {
     ok->click();
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
     EXPECT_EQ(form.Result(), (ModemConfig{2400, 8, 'E', 1, false, ""}));
-}
-
-TEST(QtDeviceDialogs, PortsListAddsAPathAndNoScreenMeansCancel) {
-    testing::ScriptedDialogues host;
-    Strings strings;
-    PortsForm form("", {{"/dev/ttyACM0", "USB modem ttyACM0"}});
-    auto dialog = MakeFieldDialog(form, host, strings, nullptr, "frmSerialPorts");
-    auto* list = dialog->findChild<QListWidget*>("lstPorts");
-    ASSERT_TRUE(list);
-    list->setCurrentRow(0);
-    emit list->itemDoubleClicked(list->item(0));
-    EXPECT_EQ(dialog->findChild<QLineEdit*>("txtPorts")->text(), "/dev/ttyACM0");
-
-    QtDeviceDialogs dialogs(host, strings);
-    LocationForm location(DiallingLocation{});
-    EXPECT_FALSE(dialogs.EditDiallingLocation(location));  // the tests run offscreen
 }
 
 }  // namespace
