@@ -79,7 +79,7 @@ DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::st
 }
 
 void DeviceList::applyLocation() {
-    simulated_.setLocationCountryCode(location_.countryCode);
+    simulated_.setLocation(location_);
     for (auto& d : devices_)
         if (d.owned) d.owned->setLocation(location_);
 }

@@ -47,7 +47,6 @@ class SimulatedModem : public TapiProvider, public SerialLink, private CentreLin
                                       const std::string& deviceClass,
                                       const std::vector<std::uint8_t>& blockIn,
                                       std::vector<std::uint8_t>& varStringOut) override;
-    // Only the country code matters here: it is the machine's, for the compose panel.
     std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) override;
     std::int32_t lineConfigProvider(std::uintptr_t, std::uint32_t) override {
         return LINEERR_OPERATIONFAILED;
@@ -59,7 +58,8 @@ class SimulatedModem : public TapiProvider, public SerialLink, private CentreLin
     int GetRxCharacters(RxBufferArray& buffer) override;
     bool TxChars(const std::string& bytes) override;
 
-    void setLocationCountryCode(std::string code) { location_.countryCode = std::move(code); }
+    // Only its country code matters here: tapiGetLocationInfo gives it to the compose panel.
+    void setLocation(const DiallingLocation& location) { location_ = location; }
     void setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings) {
         dialogs_ = dialogs;
         settings_ = settings;
