@@ -370,6 +370,21 @@ inline constexpr int FilesNotCopied = 1298;
 inline constexpr int NotCopiedTableName = 1299;
 inline constexpr int NotCopiedDamaged = 1300;
 
+// Our own: the modem-settings, dialling-location and serial-ports dialogs. A check names the
+// field: PleaseEnterValid, a blank and the field's label.
+inline constexpr int PleaseEnterValid = 1301;
+inline constexpr int LabelSpeed = 1302;
+inline constexpr int LabelDataBits = 1303;
+inline constexpr int LabelParity = 1304;
+inline constexpr int LabelStopBits = 1305;
+inline constexpr int LabelFlowControl = 1306;
+inline constexpr int LabelInitString = 1307;
+inline constexpr int LabelOutsideLine = 1308;
+inline constexpr int LabelNationalPrefix = 1309;
+inline constexpr int LabelInternationalPrefix = 1310;
+inline constexpr int LabelDialMode = 1311;
+inline constexpr int LabelSerialPorts = 1312;
+
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;
 inline constexpr int CaptionDataTransmitted = 1357;

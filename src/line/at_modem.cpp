@@ -20,6 +20,14 @@ namespace {
 
 speed_t SpeedFor(int baud) {
     switch (baud) {
+        case 300:
+            return B300;
+        case 1200:
+            return B1200;
+        case 2400:
+            return B2400;
+        case 4800:
+            return B4800;
         case 9600:
             return B9600;
         case 19200:
@@ -574,6 +582,40 @@ std::int32_t AtModem::lineSetDevConfig(std::uint32_t device, const std::vector<s
     if (devConfig_->stopBits == 2) tio.c_cflag |= CSTOPB;
     if (devConfig_->hardwareFlowControl) tio.c_cflag |= CRTSCTS;
     tcsetattr(fd_, TCSANOW, &tio);  // a pseudo-terminal may refuse some of it; no harm
+    return 0;
+}
+
+void AtModem::setLocation(const DiallingLocation& location) {
+    options_.location = location;
+    options_.dialMode = location.tone ? 'T' : 'P';
+}
+
+ModemConfig AtModem::currentConfig() const {
+    if (devConfig_) return *devConfig_;
+    ModemConfig config;  // the port is opened raw: eight bits, no parity, one stop bit
+    config.baud = static_cast<std::uint32_t>(options_.baud);
+    config.hardwareFlowControl = options_.hardwareFlowControl;
+    return config;
+}
+
+std::int32_t AtModem::lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                       const std::string&) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    return WriteVarString(varString, EncodeModemConfig(currentConfig()));
+}
+
+std::int32_t AtModem::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t, const std::string&,
+                                           const std::vector<std::uint8_t>& blockIn,
+                                           std::vector<std::uint8_t>& varStringOut) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    return EditModemBlock(dialogs_, currentConfig(), blockIn, varStringOut);
+}
+
+std::int32_t AtModem::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    DiallingLocation location = options_.location;
+    if (!EditLocation(dialogs_, settings_, location)) return LINEERR_OPERATIONFAILED;
+    setLocation(location);
     return 0;
 }
 

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "core/event_loop.h"
+#include "line/device_dialogs.h"
 #include "line/dialling_rules.h"
 #include "line/modem_config.h"
 #include "line/posix_serial_link.h"
@@ -64,6 +65,16 @@ class AtModem : public TapiProvider {
     // The link that carries the call's bytes; lineGetID's handle is meant for it.
     PosixSerialLink& serialLink() { return link_; }
     const AtModemOptions& options() const { return options_; }
+    // Where the modem dials from; its tone or pulse choice picks ATDT or ATDP.
+    void setLocation(const DiallingLocation& location);
+    // The dialogs of lineConfigDialogEdit and lineTranslateDialog; the location is saved in
+    // `settings` when given.
+    void setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings) {
+        dialogs_ = dialogs;
+        settings_ = settings;
+    }
+    // The settings the next call runs with: the block last applied, else the options'.
+    ModemConfig currentConfig() const;
 
     // Telephony; this provider has one device, index 0.
     std::int32_t lineInitialize(LineCallbackFunction callback, const std::string& appName,
@@ -87,6 +98,17 @@ class AtModem : public TapiProvider {
     std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) override;
     std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config,
                                   const std::string& deviceClass) override;
+    std::int32_t lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                  const std::string& deviceClass) override;
+    std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                      const std::string& deviceClass,
+                                      const std::vector<std::uint8_t>& blockIn,
+                                      std::vector<std::uint8_t>& varStringOut) override;
+    std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) override;
+    // The ports are the device list's to configure; one modem has nothing of its own.
+    std::int32_t lineConfigProvider(std::uintptr_t, std::uint32_t) override {
+        return LINEERR_OPERATIONFAILED;
+    }
 
   private:
     enum class Phase { Idle, Init, Dialling, Connected, Dropping, Ended };
@@ -132,6 +154,8 @@ class AtModem : public TapiProvider {
     std::size_t initIndex_ = 0;
     std::vector<std::string> callInit_;
     std::optional<ModemConfig> devConfig_;
+    DeviceDialogs* dialogs_ = nullptr;
+    Settings* settings_ = nullptr;
     bool hangupSent_ = false;
     std::string dialCommand_;
     std::uint32_t callHandle_ = 0;

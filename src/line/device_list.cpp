@@ -9,12 +9,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Trimmed(const std::string& s) {
-    const auto first = s.find_first_not_of(" \t");
-    if (first == std::string::npos) return {};
-    return s.substr(first, s.find_last_not_of(" \t") - first + 1);
-}
-
 // "usb-Acme_USB_Modem_1234-if00-port0" -> "Acme USB Modem 1234".
 std::string ReadableById(std::string id) {
     if (id.rfind("usb-", 0) == 0) id.erase(0, 4);
@@ -63,7 +57,10 @@ std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir) {
 
 DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
                        const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected)
-    : simulated_(simulated) {
+    : simulated_(simulated),
+      portsSetting_(portsSetting),
+      detected_(std::move(detected)),
+      location_(modemDefaults.location) {
     devices_.push_back({&simulated, &simulated, nullptr});
     std::set<std::string> listed;
     const auto add = [&](const std::string& path, const std::string& name) {
@@ -73,18 +70,26 @@ DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::st
         auto modem = std::make_unique<AtModem>(loop, options);
         devices_.push_back({modem.get(), &modem->serialLink(), std::move(modem)});
     };
-    std::size_t start = 0;
-    while (start <= portsSetting.size()) {
-        auto end = portsSetting.find(';', start);
-        if (end == std::string::npos) end = portsSetting.size();
-        const std::string path = Trimmed(portsSetting.substr(start, end - start));
-        start = end + 1;
-        if (path.empty() || !listed.insert(Canonical(path)).second) continue;
-        add(path, path);
-    }
+    for (const auto& path : SplitPortsSetting(portsSetting))
+        if (listed.insert(Canonical(path)).second) add(path, path);
     // A detected port that the settings already name is not listed twice.
-    for (const auto& port : detected)
+    for (const auto& port : detected_)
         if (listed.insert(Canonical(port.path)).second) add(port.path, port.name);
+    applyLocation();
+}
+
+void DeviceList::applyLocation() {
+    simulated_.setLocation(location_);
+    for (auto& d : devices_)
+        if (d.owned) d.owned->setLocation(location_);
+}
+
+void DeviceList::setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings) {
+    dialogs_ = dialogs;
+    settings_ = settings;
+    simulated_.setDeviceDialogs(dialogs, settings);
+    for (auto& d : devices_)
+        if (d.owned) d.owned->setDeviceDialogs(dialogs, settings);
 }
 
 AtModem* DeviceList::modem(std::uint32_t device) {
@@ -184,6 +189,40 @@ std::int32_t DeviceList::lineSetDevConfig(std::uint32_t device,
                                           const std::string& deviceClass) {
     auto* d = find(device);
     return d ? d->provider->lineSetDevConfig(0, config, deviceClass) : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::lineGetDevConfig(std::uint32_t device,
+                                          std::vector<std::uint8_t>& varString,
+                                          const std::string& deviceClass) {
+    auto* d = find(device);
+    return d ? d->provider->lineGetDevConfig(0, varString, deviceClass) : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                              const std::string& deviceClass,
+                                              const std::vector<std::uint8_t>& blockIn,
+                                              std::vector<std::uint8_t>& varStringOut) {
+    auto* d = find(device);
+    return d ? d->provider->lineConfigDialogEdit(0, owner, deviceClass, blockIn, varStringOut)
+             : LINEERR_BADDEVICEID;
+}
+
+std::int32_t DeviceList::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
+    if (!find(device)) return LINEERR_BADDEVICEID;
+    if (!EditLocation(dialogs_, settings_, location_)) return LINEERR_OPERATIONFAILED;
+    applyLocation();
+    return 0;
+}
+
+std::int32_t DeviceList::lineConfigProvider(std::uintptr_t, std::uint32_t) {
+    PortsForm form(
+        settings_ ? settings_->GetSetting("Modem", "Ports", portsSetting_) : portsSetting_,
+        detected_);
+    if (!dialogs_ || !dialogs_->EditSerialPorts(form) || form.FirstFault())
+        return LINEERR_OPERATIONFAILED;
+    portsSetting_ = form.txtPorts.Text;
+    if (settings_) settings_->SaveSetting("Modem", "Ports", portsSetting_);
+    return 0;
 }
 
 bool DeviceList::OpenCommunicationsPort(std::intptr_t handle,

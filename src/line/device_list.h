@@ -7,6 +7,10 @@
 // SerialLink that forwards to the link of the device whose line is open: one line and one call
 // are used at a time, so handles pass through unchanged. Opening a line on another device first
 // closes the line left open on the previous one.
+//
+// The list also holds what belongs to all its devices: the dialling location (lineTranslateDialog
+// changes it for every modem at once) and the ports setting (lineConfigProvider). The devices are
+// built once, so a changed ports setting makes its devices at the program's next start.
 
 #include <memory>
 #include <string>
@@ -14,16 +18,12 @@
 
 #include "core/event_loop.h"
 #include "line/at_modem.h"
+#include "line/device_dialogs.h"
 #include "line/serial_link.h"
 #include "line/simulated_modem.h"
 #include "line/telephony.h"
 
 namespace parlane {
-
-struct SerialPortEntry {
-    std::string path;
-    std::string name;  // shown in the device lists
-};
 
 // Ports found under /dev: by-id names first (readable), then ttyUSB and ttyACM nodes that no
 // by-id name points at. Only the directory is read.
@@ -32,13 +32,16 @@ std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir = "/dev
 class DeviceList : public TapiProvider, public SerialLink {
   public:
     // `portsSetting`: the Modem/Ports setting. `modemDefaults`: options for every AT modem
-    // (lock folder, init strings); path and name are filled in per port.
+    // (lock folder, init strings, the location); path and name are filled in per port.
     DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
                const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected);
 
     std::size_t deviceCount() const { return devices_.size(); }
     // The AT modem behind a device, null for the simulated one.
     AtModem* modem(std::uint32_t device);
+    const DiallingLocation& location() const { return location_; }
+    // The dialogs of every device; the location and the ports are saved in `settings`.
+    void setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings);
 
     std::int32_t lineInitialize(LineCallbackFunction callback, const std::string& appName,
                                 std::uint32_t& deviceCount) override;
@@ -59,6 +62,17 @@ class DeviceList : public TapiProvider, public SerialLink {
     std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) override;
     std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config,
                                   const std::string& deviceClass) override;
+    std::int32_t lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                  const std::string& deviceClass) override;
+    std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                      const std::string& deviceClass,
+                                      const std::vector<std::uint8_t>& blockIn,
+                                      std::vector<std::uint8_t>& varStringOut) override;
+    // One location for all devices: the AT modems dial by it, the simulated one takes its
+    // country code.
+    std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) override;
+    // Edits Modem/Ports; the devices follow at the next start.
+    std::int32_t lineConfigProvider(std::uintptr_t owner, std::uint32_t providerId) override;
 
     bool OpenCommunicationsPort(std::intptr_t handle,
                                 std::function<void(std::int32_t)> onCommEvent) override;
@@ -75,7 +89,14 @@ class DeviceList : public TapiProvider, public SerialLink {
     Device* find(std::uint32_t device);
     Device* active();
 
+    void applyLocation();
+
     SimulatedModem& simulated_;
+    std::string portsSetting_;
+    std::vector<SerialPortEntry> detected_;
+    DiallingLocation location_;
+    DeviceDialogs* dialogs_ = nullptr;
+    Settings* settings_ = nullptr;
     std::vector<Device> devices_;
     int activeDevice_ = -1;  // the device whose line is open
     SerialLink* openLink_ = nullptr;

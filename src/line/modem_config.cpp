@@ -1,9 +1,15 @@
 #include "line/modem_config.h"
 
+#include <algorithm>
+
+#include "line/telephony.h"
+
 namespace parlane {
 namespace {
 
 constexpr std::uint8_t kVersion = 1;
+constexpr std::uint32_t kVarStringFixed = 24;
+constexpr std::uint32_t kStringFormatBinary = 3;
 enum Tag : std::uint8_t { Baud = 1, DataBits = 2, Parity = 3, StopBits = 4, Flow = 5, Init = 6 };
 
 void PutLe(std::vector<std::uint8_t>& out, std::uint32_t value, int width) {
@@ -15,6 +21,10 @@ std::uint32_t GetLe(const std::vector<std::uint8_t>& in, std::size_t at, int wid
     for (int i = width - 1; i >= 0; --i)
         value = (value << 8) | in[at + static_cast<std::size_t>(i)];
     return value;
+}
+
+void SetLe(std::vector<std::uint8_t>& out, std::size_t at, std::uint32_t value) {
+    for (std::size_t i = 0; i < 4; ++i) out[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
 }
 
 void PutField(std::vector<std::uint8_t>& out, Tag tag, const std::vector<std::uint8_t>& value) {
@@ -89,15 +99,14 @@ std::optional<ModemConfig> DecodeModemConfig(const std::vector<std::uint8_t>& in
 }
 
 std::vector<std::uint8_t> WrapVarString(const std::vector<std::uint8_t>& block) {
-    constexpr std::uint32_t kFixed = 24;
-    const auto total = static_cast<std::uint32_t>(kFixed + block.size());
+    const auto total = static_cast<std::uint32_t>(kVarStringFixed + block.size());
     std::vector<std::uint8_t> out;
     PutLe(out, total, 4);                                     // dwTotalSize
     PutLe(out, total, 4);                                     // dwNeededSize
     PutLe(out, total, 4);                                     // dwUsedSize
-    PutLe(out, 3, 4);                                         // dwStringFormat: binary
+    PutLe(out, kStringFormatBinary, 4);                       // dwStringFormat
     PutLe(out, static_cast<std::uint32_t>(block.size()), 4);  // dwStringSize
-    PutLe(out, kFixed, 4);                                    // dwStringOffset
+    PutLe(out, kVarStringFixed, 4);                           // dwStringOffset
     out.insert(out.end(), block.begin(), block.end());
     return out;
 }
@@ -108,6 +117,27 @@ std::optional<std::vector<std::uint8_t>> UnwrapVarString(const std::vector<std::
     if (offset > in.size() || size > in.size() - offset) return std::nullopt;
     return std::vector<std::uint8_t>(in.begin() + static_cast<std::ptrdiff_t>(offset),
                                      in.begin() + static_cast<std::ptrdiff_t>(offset + size));
+}
+
+std::uint32_t ByteDword(const std::vector<std::uint8_t>& bytes, std::size_t offset) {
+    return offset <= bytes.size() && bytes.size() - offset >= 4 ? GetLe(bytes, offset, 4) : 0;
+}
+
+std::int32_t WriteVarString(std::vector<std::uint8_t>& out,
+                            const std::vector<std::uint8_t>& block) {
+    if (out.size() < kVarStringFixed) return LINEERR_STRUCTURETOOSMALL;
+    const std::uint32_t total =
+        std::min<std::uint32_t>(GetLe(out, 0, 4), static_cast<std::uint32_t>(out.size()));
+    if (total < kVarStringFixed) return LINEERR_STRUCTURETOOSMALL;
+    const auto needed = static_cast<std::uint32_t>(kVarStringFixed + block.size());
+    const bool fits = needed <= total;
+    SetLe(out, 4, needed);
+    SetLe(out, 8, fits ? needed : kVarStringFixed);
+    SetLe(out, 12, kStringFormatBinary);
+    SetLe(out, 16, fits ? static_cast<std::uint32_t>(block.size()) : 0);
+    SetLe(out, 20, fits ? kVarStringFixed : 0);
+    if (fits) std::copy(block.begin(), block.end(), out.begin() + kVarStringFixed);
+    return 0;
 }
 
 }  // namespace parlane

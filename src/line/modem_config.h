@@ -30,5 +30,12 @@ std::optional<ModemConfig> DecodeModemConfig(const std::vector<std::uint8_t>& by
 // 0, 4 and 8, the string's size and offset at 16 and 20), and back out of it.
 std::vector<std::uint8_t> WrapVarString(const std::vector<std::uint8_t>& block);
 std::optional<std::vector<std::uint8_t>> UnwrapVarString(const std::vector<std::uint8_t>& bytes);
+// The little-endian 32-bit value at `offset`; 0 when the bytes end before it.
+std::uint32_t ByteDword(const std::vector<std::uint8_t>& bytes, std::size_t offset);
+// Fills a VARSTRING the caller has sized: dwTotalSize in its first four bytes, never more than
+// the vector holds. The sizes always; the block (at offset 24) only when it fits, else
+// dwStringSize 0. 0, or LINEERR_STRUCTURETOOSMALL when not even the fixed part fits.
+std::int32_t WriteVarString(std::vector<std::uint8_t>& varString,
+                            const std::vector<std::uint8_t>& block);
 
 }  // namespace parlane

@@ -125,9 +125,37 @@ std::int32_t SimulatedModem::lineDrop(std::uint32_t) {
 }
 
 std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
-    countryCode = countryCode_;
+    countryCode = location_.countryCode;
     cityCode.clear();
     return 0;
+}
+
+std::int32_t SimulatedModem::lineSetDevConfig(std::uint32_t device,
+                                              const std::vector<std::uint8_t>& config,
+                                              const std::string&) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    if (auto decoded = DecodeModemConfig(config)) config_ = *decoded;
+    return 0;
+}
+
+std::int32_t SimulatedModem::lineGetDevConfig(std::uint32_t device,
+                                              std::vector<std::uint8_t>& varString,
+                                              const std::string&) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    return WriteVarString(varString, EncodeModemConfig(config_));
+}
+
+std::int32_t SimulatedModem::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t,
+                                                  const std::string&,
+                                                  const std::vector<std::uint8_t>& blockIn,
+                                                  std::vector<std::uint8_t>& varStringOut) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    return EditModemBlock(dialogs_, config_, blockIn, varStringOut);
+}
+
+std::int32_t SimulatedModem::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    return EditLocation(dialogs_, settings_, location_) ? 0 : LINEERR_OPERATIONFAILED;
 }
 
 bool SimulatedModem::OpenCommunicationsPort(std::intptr_t,

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/event_loop.h"
+#include "line/device_dialogs.h"
 #include "line/serial_link.h"
 #include "line/simulated_centre.h"
 #include "line/telephony.h"
@@ -37,9 +38,18 @@ class SimulatedModem : public TapiProvider, public SerialLink, private CentreLin
     std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
                                       std::string& dialable) override;
     std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) override;
-    std::int32_t lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>&,
-                                  const std::string&) override {
-        return 0;
+    // The block is kept, and read back, as an AT modem's would be; the line takes no notice.
+    std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config,
+                                  const std::string& deviceClass) override;
+    std::int32_t lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                  const std::string& deviceClass) override;
+    std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                      const std::string& deviceClass,
+                                      const std::vector<std::uint8_t>& blockIn,
+                                      std::vector<std::uint8_t>& varStringOut) override;
+    std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) override;
+    std::int32_t lineConfigProvider(std::uintptr_t, std::uint32_t) override {
+        return LINEERR_OPERATIONFAILED;
     }
 
     // Serial link.
@@ -48,7 +58,13 @@ class SimulatedModem : public TapiProvider, public SerialLink, private CentreLin
     int GetRxCharacters(RxBufferArray& buffer) override;
     bool TxChars(const std::string& bytes) override;
 
-    void setLocationCountryCode(std::string code) { countryCode_ = std::move(code); }
+    // Only its country code matters here: tapiGetLocationInfo gives it to the compose panel.
+    void setLocation(const DiallingLocation& location) { location_ = location; }
+    void setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings) {
+        dialogs_ = dialogs;
+        settings_ = settings;
+    }
+    const ModemConfig& config() const { return config_; }
     void setLineOpenFails(bool fails) { lineOpenFails_ = fails; }
     // Told of every byte string on the line: true for bytes towards the centre.
     std::function<void(bool toCentre, const std::string& bytes)> onTraffic;
@@ -82,7 +98,10 @@ class SimulatedModem : public TapiProvider, public SerialLink, private CentreLin
     bool callUp_ = false;
     bool portOpen_ = false;
     bool lineOpenFails_ = false;
-    std::string countryCode_ = "44";
+    DiallingLocation location_;
+    ModemConfig config_;
+    DeviceDialogs* dialogs_ = nullptr;
+    Settings* settings_ = nullptr;
     std::string lastDialled_;
     std::string pending_;  // arrived, not yet read
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);

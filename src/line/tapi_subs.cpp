@@ -144,6 +144,26 @@ std::int32_t TAPISubs::lineTranslateAddress(std::uint32_t device, const std::str
     return provider_.lineTranslateAddress(device, canonical, dialable);
 }
 
+std::int32_t TAPISubs::lineGetDevConfig(std::uint32_t device,
+                                        std::vector<std::uint8_t>& varString) {
+    return provider_.lineGetDevConfig(device, varString, kDeviceClass);
+}
+
+std::int32_t TAPISubs::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                            const std::vector<std::uint8_t>& blockIn,
+                                            std::vector<std::uint8_t>& varStringOut) {
+    return provider_.lineConfigDialogEdit(device, owner, kDeviceClass, blockIn, varStringOut);
+}
+
+void TAPISubs::EditDialingLocation(std::uintptr_t ownerWindow) {
+    const auto result = provider_.lineTranslateDialog(0, ownerWindow);
+    if (result != 0) log(TapiErrorText(result) + " - lineTranslateDialog");
+}
+
+bool TAPISubs::ConfigureProvider(std::uintptr_t ownerWindow) {
+    return provider_.lineConfigProvider(ownerWindow, 1) == 0;
+}
+
 void TAPISubs::LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage,
                             std::uint32_t dwInstance, std::uint32_t dwParam1,
                             std::uint32_t dwParam2, std::uint32_t dwParam3) {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "line/debug_log.h"
 #include "line/telephony.h"
@@ -38,12 +39,22 @@ class TAPISubs {
     std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config);
     std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
                                       std::string& dialable);
+    // The device block's two calls, class "comm/datamodem"; the callers log their results.
+    std::int32_t lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString);
+    std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                      const std::vector<std::uint8_t>& blockIn,
+                                      std::vector<std::uint8_t>& varStringOut);
+    // The dialling-location dialog; a failure is logged.
+    void EditDialingLocation(std::uintptr_t ownerWindow);
+    // The provider's own set-up dialog; true when it succeeded.
+    bool ConfigureProvider(std::uintptr_t ownerWindow);
 
     void LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage, std::uint32_t dwInstance,
                       std::uint32_t dwParam1, std::uint32_t dwParam2, std::uint32_t dwParam3);
 
     std::uint32_t LineDeviceCount() const { return lineDeviceCount_; }
     std::uint32_t CallHandle() const { return callHandle_; }
+    DebugLog& debugLog() { return log_; }
 
   private:
     void log(const std::string& text) { log_.AppendLog(text); }

@@ -30,6 +30,7 @@ inline constexpr std::int32_t LINEERR_INVALLINEHANDLE = static_cast<std::int32_t
 inline constexpr std::int32_t LINEERR_NODEVICE = static_cast<std::int32_t>(0x80000042);
 inline constexpr std::int32_t LINEERR_OPERATIONFAILED = static_cast<std::int32_t>(0x80000048);
 inline constexpr std::int32_t LINEERR_RESOURCEUNAVAIL = static_cast<std::int32_t>(0x8000004B);
+inline constexpr std::int32_t LINEERR_STRUCTURETOOSMALL = static_cast<std::int32_t>(0x8000004D);
 
 // The parts of LINEDEVCAPS the program reads.
 struct LineDevCaps {
@@ -70,6 +71,25 @@ class TapiProvider {
     virtual std::int32_t lineSetDevConfig(std::uint32_t device,
                                           const std::vector<std::uint8_t>& config,
                                           const std::string& deviceClass) = 0;
+
+    // The device's current configuration block in `varString`, laid out as TAPI's VARSTRING:
+    // the caller sets dwTotalSize (bytes 0-3, little-endian); the provider writes dwNeededSize,
+    // dwUsedSize, dwStringSize and dwStringOffset (bytes 4, 8, 16, 20) and, when it fits, the
+    // block. A buffer too small for the block gets the sizes only, with dwStringSize 0.
+    virtual std::int32_t lineGetDevConfig(std::uint32_t device,
+                                          std::vector<std::uint8_t>& varString,
+                                          const std::string& deviceClass) = 0;
+    // Shows the device's settings dialog over `blockIn` (the current settings when the block is
+    // not one of the device's) and writes the edited block into `varStringOut` as above. Cancel:
+    // a LINEERR_ code and the output untouched.
+    virtual std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t owner,
+                                              const std::string& deviceClass,
+                                              const std::vector<std::uint8_t>& blockIn,
+                                              std::vector<std::uint8_t>& varStringOut) = 0;
+    // The dialling-location dialog; what the user sets there rules every later translation.
+    virtual std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) = 0;
+    // The provider's own set-up dialog (for the device list: which serial ports it offers).
+    virtual std::int32_t lineConfigProvider(std::uintptr_t owner, std::uint32_t providerId) = 0;
 };
 
 }  // namespace parlane

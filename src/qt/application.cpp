@@ -21,6 +21,7 @@
 #include "line/device_list.h"
 #include "line/simulated_modem.h"
 #include "qt/main_window.h"
+#include "qt/qt_device_dialogs.h"
 #include "qt/qt_dialogue_host.h"
 #include "qt/qt_event_loop.h"
 #include "qt/qt_regional_formats.h"
@@ -151,10 +152,12 @@ int RunProgram(int argc, char** argv) {
     const QString territory = QLocale::territoryToCode(QLocale::system().territory());
     modemOptions.location =
         LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
-    modem.setLocationCountryCode(modemOptions.location.countryCode);
     DeviceList devices(loop, modem, programSettings.GetSetting("Modem", "Ports", ""), modemOptions,
                        DetectSerialPorts());
     QtDialogueHost dialogues;
+    // The modem, location and ports dialogs of the telephony calls; they save into the settings.
+    QtDeviceDialogs deviceDialogs(dialogues, globals.strings);
+    devices.setDeviceDialogs(&deviceDialogs, &programSettings);
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
@@ -178,6 +181,7 @@ int RunProgram(int argc, char** argv) {
     form.Form_Load();
     MainWindow window(form);
     dialogues.setOwner(&window);
+    deviceDialogs.setOwner(&window);
     splash.close();
     QApplication::restoreOverrideCursor();
 

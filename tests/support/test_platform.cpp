@@ -5,6 +5,7 @@
 #include <random>
 
 #include "core/file_io.h"
+#include "line/modem_config.h"
 
 namespace parlane::testing {
 
@@ -100,6 +101,35 @@ std::int32_t FakeLine::tapiGetLocationInfo(std::string& code, std::string& city)
     code = countryCode;
     city.clear();
     return 0;
+}
+std::int32_t FakeLine::lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                        const std::string&) {
+    log.push_back("get dev config " + std::to_string(device) + " " +
+                  std::to_string(varString.size()));
+    std::int32_t result = 0;
+    if (!getDevConfigResults.empty()) {
+        result = getDevConfigResults.front();
+        getDevConfigResults.pop_front();
+    }
+    return result != 0 ? result : WriteVarString(varString, devConfig);
+}
+std::int32_t FakeLine::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t,
+                                            const std::string&,
+                                            const std::vector<std::uint8_t>& blockIn,
+                                            std::vector<std::uint8_t>& varStringOut) {
+    log.push_back("config dialog edit " + std::to_string(device) + " " +
+                  std::to_string(varStringOut.size()));
+    editInput = blockIn;
+    if (configDialogEditResult != 0) return configDialogEditResult;
+    return WriteVarString(varStringOut, editedDevConfig);
+}
+std::int32_t FakeLine::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
+    log.push_back("translate dialog " + std::to_string(device));
+    return translateDialogResult;
+}
+std::int32_t FakeLine::lineConfigProvider(std::uintptr_t, std::uint32_t providerId) {
+    log.push_back("config provider " + std::to_string(providerId));
+    return configProviderResult;
 }
 bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> cb) {
     log.push_back("open port");

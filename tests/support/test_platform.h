@@ -64,6 +64,13 @@ class FakeLine : public TapiProvider, public SerialLink {
     std::int32_t tapiGetLocationInfo(std::string& country, std::string& city) override;
     std::int32_t lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>& config,
                                   const std::string&) override;
+    std::int32_t lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,
+                                  const std::string&) override;
+    std::int32_t lineConfigDialogEdit(std::uint32_t device, std::uintptr_t, const std::string&,
+                                      const std::vector<std::uint8_t>& blockIn,
+                                      std::vector<std::uint8_t>& varStringOut) override;
+    std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t) override;
+    std::int32_t lineConfigProvider(std::uintptr_t, std::uint32_t providerId) override;
     bool OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)>) override;
     bool CloseCommunicationsPort() override;
     int GetRxCharacters(RxBufferArray& buffer) override;
@@ -88,6 +95,15 @@ class FakeLine : public TapiProvider, public SerialLink {
     bool openLineSucceeds = true;
     std::int32_t setDevConfigResult = 0;
     std::int32_t translateResult = 0;
+    // The device block: what lineGetDevConfig answers (results in order, 0 when none are left),
+    // what a successful lineConfigDialogEdit gives back and the block it was last given.
+    std::vector<std::uint8_t> devConfig;
+    std::deque<std::int32_t> getDevConfigResults;
+    std::int32_t configDialogEditResult = 0;
+    std::vector<std::uint8_t> editedDevConfig;
+    std::vector<std::uint8_t> editInput;
+    std::int32_t translateDialogResult = 0;
+    std::int32_t configProviderResult = 0;
     std::string countryCode = "44";
     bool portOpen = false;
     // When set, every placed call connects after this delay and hangs up at the far end after
