@@ -13,44 +13,13 @@
 #include <functional>
 #include <utility>
 
+#include "qt/key_rule.h"
 #include "qt/qt_text.h"
 #include "ui/frm_directory_add.h"
 #include "ui/frm_group_add.h"
 
 namespace parlane {
 namespace {
-
-// Hands each typed character to a model key rule (the key back, or 0 to drop it), and selects
-// a line edit's whole text when it gets the focus.
-class KeyRule : public QObject {
-  public:
-    KeyRule(QWidget* widget, std::function<int(int)> rule, bool selectOnFocus)
-        : QObject(widget), rule_(std::move(rule)), selectOnFocus_(selectOnFocus) {
-        widget->installEventFilter(this);
-    }
-
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::FocusIn && selectOnFocus_) {
-            if (auto* edit = qobject_cast<QLineEdit*>(watched))
-                QTimer::singleShot(0, edit, &QLineEdit::selectAll);
-        }
-        if (event->type() != QEvent::KeyPress || !rule_) return false;
-        const auto* key = static_cast<QKeyEvent*>(event);
-        int ascii = 0;
-        if (key->key() == Qt::Key_Backspace)
-            ascii = 8;
-        else if (!key->text().isEmpty())
-            ascii = static_cast<unsigned char>(FromQt(key->text().left(1)).front());
-        else
-            return false;  // arrows, Delete and the like are not typing
-        return rule_(ascii) == 0;
-    }
-
-  private:
-    std::function<int(int)> rule_;
-    bool selectOnFocus_;
-};
 
 QLineEdit* LineEdit(const char* name, QWidget* parent) {
     auto* edit = new QLineEdit(parent);

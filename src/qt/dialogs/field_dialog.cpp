@@ -4,23 +4,11 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "qt/key_rule.h"
 #include "qt/qt_text.h"
 
 namespace parlane {
 namespace {
-
-constexpr int kBackspace = 8;
-
-// The character code a key press would give the model, or 0 for keys that are not typed
-// characters (arrows, Delete, shortcuts, Return, Escape, Tab): those are left to Qt.
-int KeyAscii(const QKeyEvent& key) {
-    if (key.key() == Qt::Key_Backspace) return kBackspace;
-    if (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return 0;
-    const std::string typed = FromQt(key.text());
-    if (typed.size() != 1) return 0;
-    const int code = static_cast<unsigned char>(typed[0]);
-    return code < 32 ? 0 : code;
-}
 
 }  // namespace
 
