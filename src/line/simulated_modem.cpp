@@ -32,7 +32,7 @@ std::int32_t SimulatedModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& c
     if (device != 0) return LINEERR_BADDEVICEID;
     caps.dwUsedSize = 240;
     caps.providerInfo = "Parlane simulated modem";
-    caps.lineName = "Simulated modem";
+    caps.lineName = kLineName;
     caps.dwStringFormat = STRINGFORMAT_ASCII;
     caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
     caps.dwMonitorDigitModes = 0;

@@ -18,6 +18,7 @@ namespace parlane {
 
 class SimulatedModem : public TapiProvider, public SerialLink, private CentreLink {
   public:
+    static constexpr const char* kLineName = "Simulated modem";
     explicit SimulatedModem(EventLoop& loop, std::uint32_t seed = 1);
     ~SimulatedModem() override;
 

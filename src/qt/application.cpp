@@ -3,8 +3,6 @@
 #include <unistd.h>
 
 #include <QApplication>
-#include <QInputDialog>
-#include <QLabel>
 #include <QLocale>
 #include <QTimer>
 #include <chrono>
@@ -20,6 +18,9 @@
 #include "core/string_ids.h"
 #include "line/device_list.h"
 #include "line/simulated_modem.h"
+#include "qt/artwork.h"
+#include "qt/dialogs/line_option_dialogs.h"
+#include "qt/dialogs/splash_window.h"
 #include "qt/main_window.h"
 #include "qt/qt_device_dialogs.h"
 #include "qt/qt_dialogue_host.h"
@@ -129,17 +130,15 @@ int RunProgram(int argc, char** argv) {
     if (options.demo && !std::filesystem::exists(home.path / "smsc.dat")) {
         WriteDemoCentre(home.path);
         // The simulated modem is the demo's modem.
-        Settings(settingsStore, globals.strings.ProductName())
-            .SaveSetting("FirstRun", "Modem", "4");
+        Settings settings(settingsStore, globals.strings.ProductName());
+        settings.SaveSetting("FirstRun", "Modem", "4");
+        settings.SaveSetting("Modem", "Index", "0");
+        settings.SaveSetting("Modem", "Name", SimulatedModem::kLineName);
     }
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    QLabel splash(ToQt(globals.strings.ProductName() + "\n" +
-                       globals.strings.LoadResString(sid::VersionWord) + " " + VersionText()));
-    splash.setObjectName("frmSplash");
-    splash.setAlignment(Qt::AlignCenter);
-    splash.setWindowFlags(Qt::SplashScreen);
-    splash.resize(320, 160);
+    QApplication::setWindowIcon(ArtworkIcon("parlane"));
+    SplashWindow splash(nullptr, globals, nullptr);
     splash.show();
     QApplication::processEvents();
 
@@ -161,23 +160,8 @@ int RunProgram(int argc, char** argv) {
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
-    if (QGuiApplication::platformName() != "offscreen") {
-        // Until the modem dialogue has a window of its own, a list to pick from.
-        form.showModemDialog = [&form](frmModem& dialog) {
-            QStringList rows;
-            for (const auto& row : dialog.cboTapiDevice.rows) rows << ToQt(row);
-            while (!dialog.unloaded) {
-                bool ok = false;
-                const QString picked =
-                    QInputDialog::getItem(nullptr, ToQt(form.LoadResString(sid::TitleFrmModem)),
-                                          ToQt(form.LoadResString(sid::PleaseSelectModem)), rows,
-                                          std::max(dialog.cboTapiDevice.ListIndex, 0), false, &ok);
-                if (!ok) return;
-                dialog.cboTapiDevice.select(static_cast<int>(rows.indexOf(picked)));
-                dialog.cmdProviderItemOk_Click();
-            }
-        };
-    }
+    if (QGuiApplication::platformName() != "offscreen")
+        form.showModemDialog = [](frmModem& dialog) { ShowModemDialog(nullptr, dialog); };
     form.Form_Load();
     MainWindow window(form);
     dialogues.setOwner(&window);

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include "core/string_ids.h"
+#include "qt/artwork.h"
 #include "qt/qt_text.h"
 
 namespace parlane {
@@ -13,6 +14,9 @@ MainWindow::MainWindow(frmMain& form) : form_(form) {
     setObjectName("frmMain");
     buildMenus();
     buildFrames();
+    wireCompose();
+    wireLists();
+    wireHooks();
     move(form_.MainLeft / kTwipsPerPixel, form_.MainTop / kTwipsPerPixel);
     form_.setObserver(this);
     controlsChanged();
@@ -41,10 +45,6 @@ void MainWindow::syncPosition() {
     form_.minimised = isMinimized();
 }
 
-bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    return QMainWindow::eventFilter(watched, event);
-}
-
 void MainWindow::statusChanged(const std::string& status) {
     lblInfo_->setText(ToQt(status));
     lblInfo_->repaint();
@@ -66,6 +66,7 @@ void MainWindow::mirrorLists() {
     fill(Services_, form_.Services);
     fill(Names_, form_.Names);
     fill(cmbGroupName_, form_.cmbGroupName);
+    fill(Country_, form_.Country);
     if (Names_->currentText() != ToQt(form_.Names.Text))
         Names_->setEditText(ToQt(form_.Names.Text));
     if (form_.cmbGroupName.ListIndex < 0)
@@ -91,7 +92,9 @@ void MainWindow::mirrorLists() {
 void MainWindow::mirrorOnline() {
     const bool online = form_.state.CallActive;
     lblOnline_->setVisible(online);
-    Picture1_->setText(online ? QString("((%1))").arg(form_.onlineFrame) : QString());
+    const QString picture =
+        online ? kOnlineArtwork[static_cast<std::size_t>(form_.onlineFrame % 4)] : "logo_small";
+    Picture1_->setPixmap(ArtworkIcon(picture).pixmap(online ? QSize(24, 24) : QSize(72, 24)));
 }
 
 void MainWindow::controlsChanged() {
@@ -105,6 +108,7 @@ void MainWindow::controlsChanged() {
     fraQueue_->setTitle(caption("fraQueue"));
     lblmLable_->setText(caption("lblmLable"));
     lblOnline_->setText(caption("lblOnline"));
+    toolbar_->refreshTips();
     for (const auto& [control, tip] : form_.ToolTips)
         if (auto* w = findChild<QWidget*>(QString::fromStdString(control)))
             w->setToolTip(ToQt(tip));
@@ -120,12 +124,12 @@ void MainWindow::controlsChanged() {
         txtMessage_->moveCursor(QTextCursor::End);
     }
     txtMessageQueue_->setPlainText(ToQt(form_.txtMessageQueue.Text));
-    lblTextCounter_->setText(QString::number(form_.txtMessage.Text.size()));
+    lblTextCounter_->setText(ToQt(form_.lblTextCounter.Caption));
     lblTotal_->setText(ToQt(form_.lblTotal.Caption));
     mirrorLists();
     mirrorMenus();
-    for (std::size_t i = 0; i < picToolIcons_.size(); ++i)
-        picToolIcons_[i]->setEnabled(form_.picToolIconsEnabled[i]);
+    for (int i = 0; i < toolbar_->iconCount(); ++i)
+        toolbar_->setIconEnabled(i, form_.picToolIconsEnabled[static_cast<std::size_t>(i)]);
     lblInfo_->setText(ToQt(form_.lblInfo.Caption));
     mirrorOnline();
     applyLayout();

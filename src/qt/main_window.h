@@ -18,6 +18,8 @@
 #include <array>
 #include <functional>
 
+#include "qt/dialogs/tool_window.h"
+#include "qt/toolbar_widget.h"
 #include "ui/frm_main.h"
 
 namespace parlane {
@@ -40,6 +42,7 @@ class MainWindow : public QMainWindow, public FormObserver {
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
@@ -58,7 +61,16 @@ class MainWindow : public QMainWindow, public FormObserver {
     void mirrorNoResponse();
     void mirrorOnline();
     QLineEdit* addNumberField(QWidget* parent, const char* name, TextBox& box);
-    QToolButton* addIcon(QWidget* parent, int index);
+    void wireCompose();
+    void wireLists();
+    void wireHooks();
+    void showForm(const std::string& form);
+    void showToolWindow(bool show);
+    void showContextMenu(const char* menu, QWidget* over, const QPoint& at);
+    // The message text changed: counter and the Insert command follow at once.
+    void messageEdited();
+    // The model changed the text of Names: show it without completing again.
+    void namesTextChanged();
     // Runs a handler of the model, then mirrors what it changed.
     void run(const std::function<void()>& handler);
     std::string caption(int id) const;
@@ -68,8 +80,9 @@ class MainWindow : public QMainWindow, public FormObserver {
     bool closed_ = false;
     QMap<QString, QAction*> actions_;
     QMap<QString, QMenu*> menus_;
-    QWidget* picToolbar_ = nullptr;
-    std::array<QToolButton*, 14> picToolIcons_{};
+    ToolbarWidget* toolbar_ = nullptr;
+    QPointer<ToolWindow> toolWindow_;
+    MainLayout shownLayout_;
     QGroupBox *fraLogo_ = nullptr, *fraMobile_ = nullptr, *fraDirectory_ = nullptr,
               *fraGroup_ = nullptr, *fraQueue_ = nullptr;
     QLineEdit *txtCountryCode_ = nullptr, *txtAreaCode_ = nullptr, *txtNumber_ = nullptr;

@@ -5,9 +5,9 @@
 #include <QVBoxLayout>
 
 #include "core/string_ids.h"
+#include "qt/key_rule.h"
 #include "qt/main_window.h"
 #include "qt/qt_text.h"
-#include "store/directory.h"
 
 namespace parlane {
 namespace {
@@ -25,41 +25,34 @@ QGroupBox* NewFrame(QWidget* parent, const char* name) {
 
 }  // namespace
 
-QToolButton* MainWindow::addIcon(QWidget* parent, int index) {
-    auto* button = new QToolButton(parent);
-    button->setObjectName(QString("picToolIcons_%1").arg(index));
-    button->setAutoRaise(true);
-    button->setIconSize(QSize(28, 28));
-    button->setFocusPolicy(Qt::NoFocus);  // each icon's command also has a menu entry or key
-    connect(button, &QToolButton::clicked, this,
-            [this, index] { run([this, index] { form_.picToolIcons_Click(index); }); });
-    picToolIcons_[static_cast<std::size_t>(index)] = button;
-    return button;
-}
-
 QLineEdit* MainWindow::addNumberField(QWidget* parent, const char* name, TextBox& box) {
     auto* edit = new QLineEdit(parent);
     edit->setObjectName(name);
     connect(edit, &QLineEdit::textEdited, this, [this, &box](const QString& text) {
         if (!refreshing_) box.Text = FromQt(text);
     });
+    new KeyRule(
+        edit,
+        [this](int key) {
+            const int passed = form_.NumberField_KeyPress(key);
+            namesTextChanged();  // a typed number is no directory entry's number
+            return passed;
+        },
+        true);
     return edit;
 }
 
 void MainWindow::buildToolbar() {
-    picToolbar_ = new QWidget(centralWidget());
-    picToolbar_->setObjectName("picToolbar");
-    auto* row = new QHBoxLayout(picToolbar_);
-    row->setContentsMargins(6, 2, 6, 2);
-    row->setSpacing(2);
-    for (int i = 0; i <= 6; ++i) row->addWidget(addIcon(picToolbar_, i));
-    row->addStretch(1);
-    Services_ = new QComboBox(picToolbar_);
+    toolbar_ = new ToolbarWidget([this](int id) { return form_.LoadResString(id); },
+                                 ToolbarWidget::MainWindowIcons(), kMainToolbarRow, 28,
+                                 centralWidget());
+    toolbar_->setObjectName("picToolbar");
+    connect(toolbar_, &ToolbarWidget::clicked, this,
+            [this](int index) { run([this, index] { form_.picToolIcons_Click(index); }); });
+    Services_ = new QComboBox(toolbar_);
     Services_->setObjectName("Services");
     Services_->setMinimumWidth(200);
-    connect(Services_, &QComboBox::activated, this,
-            [this](int index) { run([this, index] { form_.Services.select(index); }); });
-    row->addWidget(Services_);
+    toolbar_->setRightWidget(Services_);
 }
 
 void MainWindow::buildCompose() {
@@ -68,11 +61,6 @@ void MainWindow::buildCompose() {
     txtMessage_ = new QPlainTextEdit(fraLogo_);
     txtMessage_->setObjectName("txtMessage");
     txtMessage_->setTabChangesFocus(true);
-    connect(txtMessage_, &QPlainTextEdit::textChanged, this, [this] {
-        if (refreshing_) return;
-        form_.txtMessage.Text = FromQt(txtMessage_->toPlainText());
-        lblTextCounter_->setText(QString::number(form_.txtMessage.Text.size()));
-    });
     box->addWidget(txtMessage_, 1);
     auto* counters = new QHBoxLayout;
     lblmLable_ = new QLabel(fraLogo_);
@@ -99,15 +87,6 @@ void MainWindow::buildMobile() {
     Names_->setCompleter(nullptr);  // the model completes names by its own rule
     Country_ = new QComboBox(fraMobile_);
     Country_->setObjectName("Country");
-    for (const auto& c : CountryTable()) Country_->addItem(ToQt(std::string(c.country)));
-    Country_->setCurrentIndex(-1);
-    connect(Country_, &QComboBox::activated, this, [this](int index) {
-        run([this, index] {
-            form_.txtCountryCode.Text =
-                CountryDialCode(CountryTable()[static_cast<std::size_t>(index)].country);
-            form_.focusedControl = "txtAreaCode";
-        });
-    });
     txtCountryCode_ = addNumberField(fraMobile_, "txtCountryCode", form_.txtCountryCode);
     txtAreaCode_ = addNumberField(fraMobile_, "txtAreaCode", form_.txtAreaCode);
     txtNumber_ = addNumberField(fraMobile_, "txtNumber", form_.txtNumber);
@@ -123,7 +102,7 @@ void MainWindow::buildMobile() {
     fraDirectory_ = NewFrame(centralWidget(), "fraDirectory");
     auto* icons = new QHBoxLayout(fraDirectory_);
     icons->setSpacing(2);
-    for (int i = 7; i <= 10; ++i) icons->addWidget(addIcon(fraDirectory_, i));
+    for (int i = 7; i <= 10; ++i) icons->addWidget(toolbar_->icon(i));
     icons->addStretch(1);
 }
 
@@ -132,20 +111,12 @@ void MainWindow::buildGroup() {
     auto* box = new QVBoxLayout(fraGroup_);
     cmbGroupName_ = new QComboBox(fraGroup_);
     cmbGroupName_->setObjectName("cmbGroupName");
-    connect(cmbGroupName_, &QComboBox::activated, this, [this](int index) {
-        run([this, index] {
-            form_.cmbGroupName.select(index);
-            form_.cmbGroupName_Click();
-        });
-    });
     lstGroup_ = new QListWidget(fraGroup_);
     lstGroup_->setObjectName("lstGroup");
-    connect(lstGroup_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (!refreshing_) form_.lstGroup.ListIndex = row;
-    });
+    lstGroup_->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* icons = new QHBoxLayout;
     icons->setSpacing(2);
-    for (int i = 11; i <= 13; ++i) icons->addWidget(addIcon(fraGroup_, i));
+    for (int i = 11; i <= 13; ++i) icons->addWidget(toolbar_->icon(i));
     icons->addStretch(1);
     box->addWidget(cmbGroupName_);
     box->addWidget(lstGroup_, 1);
@@ -162,13 +133,7 @@ void MainWindow::buildQueue() {
     MessageQueue_->setFlow(QListView::TopToBottom);
     MessageQueue_->setWrapping(true);
     MessageQueue_->setResizeMode(QListView::Adjust);
-    connect(MessageQueue_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (refreshing_ || row < 0) return;
-        run([this, row] {
-            form_.MessageQueue.ListIndex = row;
-            form_.txtMessageQueue.Text = form_.QueueBuffer[static_cast<std::size_t>(row) + 1].Text;
-        });
-    });
+    MessageQueue_->setContextMenuPolicy(Qt::CustomContextMenu);
     txtMessageQueue_ = new QPlainTextEdit(fraQueue_);
     txtMessageQueue_->setObjectName("txtMessageQueue");
     txtMessageQueue_->setReadOnly(true);
@@ -207,7 +172,9 @@ void MainWindow::buildFrames() {
 // Frames at the layout's places; the window's client area takes the layout's size.
 void MainWindow::applyLayout() {
     const MainLayout& l = form_.layout;
-    picToolbar_->setGeometry(ToPixels(l.toolbar));
+    if (l == shownLayout_ && fraQueue_->isVisible() == form_.mnuViewQueue.Checked) return;
+    shownLayout_ = l;
+    toolbar_->setGeometry(ToPixels(l.toolbar));
     fraLogo_->setGeometry(ToPixels(l.fraLogo));
     fraMobile_->setGeometry(ToPixels(l.fraMobile));
     fraDirectory_->setGeometry(ToPixels(l.fraDirectory));

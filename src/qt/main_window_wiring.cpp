@@ -1,0 +1,183 @@
+// The main window's events handed to the model: the compose panel's keys and changes, the lists
+// and their context menus, and the windows the model asks for.
+#include <QApplication>
+#include <QDesktopServices>
+#include <QLineEdit>
+#include <QMenu>
+#include <QUrl>
+#include <QWhatsThis>
+
+#include "core/string_ids.h"
+#include "qt/artwork.h"
+#include "qt/dialogs/directory_dialogs.h"
+#include "qt/dialogs/line_option_dialogs.h"
+#include "qt/dialogs/splash_window.h"
+#include "qt/key_rule.h"
+#include "qt/main_window.h"
+#include "qt/qt_text.h"
+
+namespace parlane {
+
+void MainWindow::wireCompose() {
+    QLineEdit* names = Names_->lineEdit();
+    names->installEventFilter(this);
+    Names_->installEventFilter(this);
+    connect(names, &QLineEdit::textEdited, this, [this, names](const QString& text) {
+        if (refreshing_) return;
+        form_.Names.Text = FromQt(text);
+        form_.Names.SelStart = names->cursorPosition();
+        form_.Names.SelLength = 0;
+        form_.Names_Change();
+        namesTextChanged();
+    });
+    connect(Names_, &QComboBox::activated, this, [this](int index) {
+        run([this, index] {
+            form_.Names.select(index);
+            form_.Names_Click();
+        });
+    });
+
+    new KeyRule(Country_, [this](int key) { return form_.Country_KeyPress(key); });
+    connect(Country_, &QComboBox::activated, this, [this](int index) {
+        run([this, index] {
+            form_.Country.select(index);
+            form_.Country_Click();
+        });
+    });
+    new KeyRule(Services_, [this](int key) { return form_.Services_KeyPress(key); });
+    connect(Services_, &QComboBox::currentIndexChanged, this, [this](int index) {
+        if (refreshing_ || index < 0) return;
+        run([this, index] {
+            form_.Services.select(index);
+            form_.Services_Click();
+        });
+    });
+
+    new KeyRule(txtMessage_, [this](int key) { return form_.txtMessage_KeyPress(key); });
+    connect(txtMessage_, &QPlainTextEdit::textChanged, this, [this] {
+        if (refreshing_) return;
+        form_.txtMessage.Text = FromQt(txtMessage_->toPlainText());
+        messageEdited();
+    });
+    new KeyRule(txtMessageQueue_, [this](int key) { return form_.txtMessageQueue_KeyPress(key); });
+}
+
+void MainWindow::messageEdited() {
+    form_.txtMessage_Change();
+    lblTextCounter_->setText(ToQt(form_.lblTextCounter.Caption));
+    action("mnuInsert")->setEnabled(form_.mnuInsert.Enabled);
+}
+
+void MainWindow::namesTextChanged() {
+    const bool was = refreshing_;
+    refreshing_ = true;
+    QLineEdit* names = Names_->lineEdit();
+    if (names->text() != ToQt(form_.Names.Text)) names->setText(ToQt(form_.Names.Text));
+    if (form_.Names.SelLength > 0)
+        names->setSelection(form_.Names.SelStart, form_.Names.SelLength);
+    refreshing_ = was;
+}
+
+void MainWindow::wireLists() {
+    new KeyRule(cmbGroupName_, [](int) { return 0; });  // the group box takes no typing
+    connect(cmbGroupName_, &QComboBox::activated, this, [this](int index) {
+        run([this, index] {
+            form_.cmbGroupName.select(index);
+            form_.cmbGroupName_Click();
+        });
+    });
+    connect(lstGroup_, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (!refreshing_) form_.lstGroup.ListIndex = row;
+    });
+    connect(lstGroup_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        form_.lstGroup_MouseUp();
+        showContextMenu("mnuPopUp2", lstGroup_, at);
+    });
+    connect(MessageQueue_, &QListWidget::currentRowChanged, this, [this](int row) {
+        if (refreshing_ || row < 0) return;
+        run([this, row] {
+            form_.MessageQueue.ListIndex = row;
+            form_.MessageQueue_Click();
+        });
+    });
+    connect(MessageQueue_, &QListWidget::itemDoubleClicked, this,
+            [this] { run([this] { form_.MessageQueue_DblClick(); }); });
+    connect(MessageQueue_, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        form_.MessageQueue_MouseUp();
+        showContextMenu("mnuPopUp", MessageQueue_, at);
+    });
+}
+
+void MainWindow::showContextMenu(const char* menu, QWidget* over, const QPoint& at) {
+    controlsChanged();
+    if (QMenu* popup = menus_.value(menu)) popup->exec(over->mapToGlobal(at));
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (Names_ && (watched == Names_->lineEdit() || watched == Names_)) {
+        if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent*>(event)->key();
+            if (key == Qt::Key_Delete) form_.Names_KeyDown(46);
+            if (key == Qt::Key_Backspace) form_.Names_KeyDown(8);
+        } else if (event->type() == QEvent::FocusOut && !refreshing_ &&
+                   static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+            run([this] { form_.Names_LostFocus(); });
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::showToolWindow(bool show) {
+    delete toolWindow_;  // a new one loads its texts afresh
+    if (!show) return;
+    toolWindow_ = new ToolWindow(this, form_);
+    std::vector<QIcon> icons;
+    for (const char* name : kStandardTextArtwork) icons.push_back(ArtworkIcon(name));
+    toolWindow_->setIcons(icons);
+    toolWindow_->show();
+}
+
+// The windows the model asks for by name. Those this version has no view for say so.
+void MainWindow::showForm(const std::string& form) {
+    if (form == "frmToolWindow" || form == "-frmToolWindow") {
+        if (isVisible()) showToolWindow(form == "frmToolWindow");
+    } else if (form == "frmDial") {
+        ShowDialDialog(this, form_);
+    } else if (form == "frmTimeout") {
+        ShowTimeoutDialog(this, form_);
+    } else if (form == "frmOriginator") {
+        ShowOriginatorDialog(this, form_);
+    } else if (form == "frmModemInfo") {
+        ShowModemInfoDialog(this, form_);
+    } else if (form == "frmSplash") {
+        ShowAboutWindow(this, form_);
+    } else {
+        form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
+    }
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The standard texts stand beside the window, so they come once it is placed.
+    if (form_.mnuTools.Checked && !toolWindow_) showToolWindow(true);
+}
+
+void MainWindow::wireHooks() {
+    form_.showForm = [this](const std::string& form) { showForm(form); };
+    form_.showDirectoryAdd = [this](frmDirectoryAdd& d) { ShowDirectoryAddDialog(this, d); };
+    form_.showGroupAdd = [this](frmGroupAdd& d) { ShowGroupAddDialog(this, d); };
+    form_.showModemDialog = [this](frmModem& m) { ShowModemDialog(this, m); };
+    form_.enterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
+    form_.openDocument = [](const std::string& target, std::string& error) {
+        const QString text = ToQt(target);
+        const QUrl url = text.contains("://") || text.startsWith("mailto:")
+                             ? QUrl(text)
+                             : QUrl::fromLocalFile(text);
+        if (QDesktopServices::openUrl(url)) return true;
+        error = "No program on this desktop opens " + FromQt(url.toString());
+        return false;
+    };
+    form_.HelpFile = FromQt(ManualUrl().toString());
+}
+
+}  // namespace parlane
