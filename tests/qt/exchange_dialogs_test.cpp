@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <fstream>
 
+#include "exchange/frm_backup.h"
 #include "qt/qt_file_choosers.h"
 #include "store/directory.h"
 #include "support/test_platform.h"
@@ -82,6 +84,36 @@ TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
     EXPECT_EQ(form.Names.rows, (std::vector<std::string>{"Ann", "Bob", "Cid"}));
     EXPECT_EQ(form.Names.ListIndex, 0);
     EXPECT_TRUE(std::filesystem::exists(p.home / "phones.bak"));
+}
+
+class FixedFolder : public FolderChooser {
+  public:
+    std::optional<std::filesystem::path> chooseFolder(const std::string&,
+                                                      const std::filesystem::path&) override {
+        return folder;
+    }
+    std::filesystem::path folder;
+};
+
+TEST(QtBackupWindow, BrowseShowsTheFolderAndOkCopiesIntoIt) {
+    testing::TestPlatform p;
+    std::string error;
+    Write(p.home / "phones.dat", SerializeDirectoryFile({{"Ann", "44", "07", "1234", ""}}, error));
+    auto& form = p.load();
+    FixedFolder chooser;
+    chooser.folder = p.home / "backup";
+    std::filesystem::create_directories(chooser.folder);
+    frmBackup model(p.home, "/", form.globals().strings, p.dialogues, chooser);
+    model.Form_Load();
+    TableCopyDialog window(nullptr, "frmBackup", model, [&model] { model.cmdOK_Click(); });
+    window.show();
+    Click(window, "cmdBrowse");
+    EXPECT_EQ(window.findChild<QLineEdit*>("Dir1")->text(), PathToQt(chooser.folder));
+    Click(window, "cmdOK");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(ReadAll(chooser.folder / "phones.dat"), ReadAll(p.home / "phones.dat"));
+    EXPECT_NE(ReadAll(chooser.folder / "phones.dat"), "");
+    EXPECT_TRUE(std::filesystem::exists(chooser.folder / "group.dat"));
 }
 
 TEST(QtFileChoosers, FiltersInQtsFormAndCancelWithNoScreen) {
