@@ -1,0 +1,129 @@
+// The import and export wizard's view on the offscreen platform: its buttons drive the model
+// through both paths, and the main window's Names box follows an import.
+#include "qt/dialogs/exchange_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <fstream>
+
+#include "exchange/frm_backup.h"
+#include "qt/qt_file_choosers.h"
+#include "store/directory.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+class FixedFile : public OpenFileChooser {
+  public:
+    std::optional<std::filesystem::path> chooseOpenFile(const std::string&,
+                                                        const std::filesystem::path&,
+                                                        const std::string&,
+                                                        const std::string&) override {
+        return file;
+    }
+    std::filesystem::path file;
+};
+
+std::string ReadAll(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+void Write(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+void Click(QDialog& dialog, const char* name) {
+    auto* button = dialog.findChild<QAbstractButton*>(name);
+    ASSERT_TRUE(button) << name;
+    ASSERT_FALSE(button->isHidden()) << name;
+    button->click();
+}
+
+TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
+    testing::TestPlatform p;
+    std::string error;
+    Write(p.home / "phones.dat",
+          SerializeDirectoryFile(
+              {{"Ann", "44", "07", "1234", "Voda"}, {"Bob", "31", "", "555", ""}}, error));
+    auto& form = p.load();
+    FixedFile chooser;
+    {
+        ImportDialog wizard(nullptr, form, chooser);
+        wizard.show();
+        EXPECT_TRUE(wizard.findChild<QPushButton*>("cmdOpen")->isHidden());
+        Click(wizard, "optExport");
+        Click(wizard, "cmdExport");
+        EXPECT_EQ(wizard.result(), QDialog::Accepted);
+        EXPECT_FALSE(wizard.isVisible());
+    }
+    EXPECT_EQ(ReadAll(p.home / "phones.csv"),
+              "\"Name\",\"CountryCode\",\"AreaCode\",\"PhoneNumber\"\r\n"
+              "\"Ann\",\"+44\",\"07\",\"1234\"\r\n"
+              "\"Bob\",\"+31\",\"\",\"555\"\r\n");
+
+    // The exported file with one new name and a duplicate differing in case.
+    chooser.file = p.home / "in.csv";
+    Write(chooser.file, ReadAll(p.home / "phones.csv") + "\"Cid\",\"+1\",\"(2)\",\"3-4\"\r\n" +
+                            "\"ann\",\"9\",\"9\",\"9\"\r\n");
+    ImportDialog wizard(nullptr, form, chooser);
+    wizard.show();
+    Click(wizard, "optImport");
+    Click(wizard, "cmdExport");
+    EXPECT_TRUE(wizard.findChild<QPushButton*>("cmdExport")->isHidden());
+    Click(wizard, "cmdOpen");
+    EXPECT_TRUE(wizard.findChild<QPushButton*>("cmdOpen")->isHidden());
+    Click(wizard, "cmdOK");
+    EXPECT_FALSE(wizard.isVisible());
+    ASSERT_EQ(form.Directory.size(), 3u);
+    EXPECT_EQ(form.Directory[2], (DirectoryEntry{"Cid", "1", "2", "34", ""}));
+    EXPECT_EQ(form.Names.rows, (std::vector<std::string>{"Ann", "Bob", "Cid"}));
+    EXPECT_EQ(form.Names.ListIndex, 0);
+    EXPECT_TRUE(std::filesystem::exists(p.home / "phones.bak"));
+}
+
+class FixedFolder : public FolderChooser {
+  public:
+    std::optional<std::filesystem::path> chooseFolder(const std::string&,
+                                                      const std::filesystem::path&) override {
+        return folder;
+    }
+    std::filesystem::path folder;
+};
+
+TEST(QtBackupWindow, BrowseShowsTheFolderAndOkCopiesIntoIt) {
+    testing::TestPlatform p;
+    std::string error;
+    Write(p.home / "phones.dat", SerializeDirectoryFile({{"Ann", "44", "07", "1234", ""}}, error));
+    auto& form = p.load();
+    FixedFolder chooser;
+    chooser.folder = p.home / "backup";
+    std::filesystem::create_directories(chooser.folder);
+    frmBackup model(p.home, "/", form.globals().strings, p.dialogues, chooser);
+    model.Form_Load();
+    TableCopyDialog window(nullptr, "frmBackup", model, [&model] { model.cmdOK_Click(); });
+    window.show();
+    Click(window, "cmdBrowse");
+    EXPECT_EQ(window.findChild<QLineEdit*>("Dir1")->text(), PathToQt(chooser.folder));
+    Click(window, "cmdOK");
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(ReadAll(chooser.folder / "phones.dat"), ReadAll(p.home / "phones.dat"));
+    EXPECT_NE(ReadAll(chooser.folder / "phones.dat"), "");
+    EXPECT_TRUE(std::filesystem::exists(chooser.folder / "group.dat"));
+}
+
+TEST(QtFileChoosers, FiltersInQtsFormAndCancelWithNoScreen) {
+    EXPECT_EQ(QtFileFilter("Comma Separated Files (*.csv)|*.csv"), "Comma Separated Files (*.csv)");
+    EXPECT_EQ(QtFileFilter("Text|*.txt;*.log|All|*.*"), "Text (*.txt *.log);;All (*.*)");
+    QtOpenFileChooser file;
+    QtFolderChooser folder;
+    EXPECT_FALSE(file.chooseOpenFile("t", "/", "*.csv", "Text|*.txt"));
+    EXPECT_FALSE(folder.chooseFolder("t", "/"));
+}
+
+}  // namespace
+}  // namespace parlane
