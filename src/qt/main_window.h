@@ -19,6 +19,7 @@
 #include <functional>
 
 #include "qt/dialogs/tool_window.h"
+#include "qt/qt_file_choosers.h"
 #include "qt/toolbar_widget.h"
 #include "ui/frm_main.h"
 
@@ -82,6 +83,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QMap<QString, QMenu*> menus_;
     ToolbarWidget* toolbar_ = nullptr;
     QPointer<ToolWindow> toolWindow_;
+    QtOpenFileChooser fileChooser_;
     MainLayout shownLayout_;
     QGroupBox *fraLogo_ = nullptr, *fraMobile_ = nullptr, *fraDirectory_ = nullptr,
               *fraGroup_ = nullptr, *fraQueue_ = nullptr;

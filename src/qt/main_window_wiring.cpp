@@ -10,6 +10,7 @@
 #include "core/string_ids.h"
 #include "qt/artwork.h"
 #include "qt/dialogs/directory_dialogs.h"
+#include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
 #include "qt/key_rule.h"
@@ -151,6 +152,12 @@ void MainWindow::showForm(const std::string& form) {
         ShowModemInfoDialog(this, form_);
     } else if (form == "frmSplash") {
         ShowAboutWindow(this, form_);
+    } else if (form == "frmImport") {
+        ShowImportDialog(this, form_);
+    } else if (form == "frmBackup") {
+        ShowBackupDialog(this, form_);
+    } else if (form == "frmRestore") {
+        ShowRestoreDialog(this, form_);
     } else {
         form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
     }
@@ -178,6 +185,8 @@ void MainWindow::wireHooks() {
         return false;
     };
     form_.HelpFile = FromQt(ManualUrl().toString());
+    fileChooser_.setOwner(this);
+    form_.openFileChooser = &fileChooser_;
 }
 
 }  // namespace parlane

@@ -111,6 +111,9 @@ class frmMain {
     void mnuDefault_Click() { ShowModemChoice(); }
     void mnuLog_Click() { ShowForm("frmFolders"); }
     void mnuDebug2_Click() { ShowForm("frmDebug"); }
+    void mnuModemProperties_Click();
+    void mnuDialLocation_Click();
+    void mnuAddModem_Click();
     void mnuExport_Click();
     void mnuBackup_Click();
     void mnuRestore_Click();

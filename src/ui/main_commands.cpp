@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "config/frm_modem_info.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
 #include "ui/main_menu.h"
@@ -156,6 +157,22 @@ void frmMain::mnuReadme_Click() {
 
 void frmMain::mnuAbout_Click() {
     ShowForm("frmSplash");
+}
+
+void frmMain::mnuModemProperties_Click() {
+    if (frmModemInfo::Wanted(settings_)) ShowForm("frmModemInfo");
+    // The provider's own settings are the modem panel here; there is no system one to fall
+    // back on when they are cancelled.
+    tapi.ConfigureProvider(0);
+}
+
+void frmMain::mnuAddModem_Click() {
+    // A new modem is a new serial port in the provider's list.
+    tapi.ConfigureProvider(0);
+}
+
+void frmMain::mnuDialLocation_Click() {
+    tapi.EditDialingLocation(0);
 }
 
 void frmMain::mnuExport_Click() {
