@@ -43,9 +43,9 @@ QLineEdit* MainWindow::addNumberField(QWidget* parent, const char* name, TextBox
 }
 
 void MainWindow::buildToolbar() {
-    toolbar_ = new ToolbarWidget([this](int id) { return form_.LoadResString(id); },
-                                 ToolbarWidget::MainWindowIcons(), kMainToolbarRow, 28,
-                                 centralWidget());
+    toolbar_ =
+        new ToolbarWidget([this](int id) { return form_.LoadResString(id); },
+                          ToolbarWidget::MainWindowIcons(), kMainToolbarRow, 28, centralWidget());
     toolbar_->setObjectName("picToolbar");
     connect(toolbar_, &ToolbarWidget::clicked, this,
             [this](int index) { run([this, index] { form_.picToolIcons_Click(index); }); });

@@ -74,8 +74,7 @@ void MainWindow::namesTextChanged() {
     refreshing_ = true;
     QLineEdit* names = Names_->lineEdit();
     if (names->text() != ToQt(form_.Names.Text)) names->setText(ToQt(form_.Names.Text));
-    if (form_.Names.SelLength > 0)
-        names->setSelection(form_.Names.SelStart, form_.Names.SelLength);
+    if (form_.Names.SelLength > 0) names->setSelection(form_.Names.SelStart, form_.Names.SelLength);
     refreshing_ = was;
 }
 

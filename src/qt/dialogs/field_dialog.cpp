@@ -8,9 +8,7 @@
 #include "qt/qt_text.h"
 
 namespace parlane {
-namespace {
-
-}  // namespace
+namespace {}  // namespace
 
 QString LabelText(const std::string& text) {
     return ToQt(text).replace("\r\n", "\n");
