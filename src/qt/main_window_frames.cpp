@@ -51,7 +51,9 @@ void MainWindow::buildToolbar() {
             [this](int index) { run([this, index] { form_.picToolIcons_Click(index); }); });
     Services_ = new QComboBox(toolbar_);
     Services_->setObjectName("Services");
-    Services_->setMinimumWidth(200);
+    // The bar sizes it to its hint: room for a centre's name.
+    Services_->setMinimumContentsLength(24);
+    Services_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     toolbar_->setRightWidget(Services_);
 }
 
@@ -102,7 +104,10 @@ void MainWindow::buildMobile() {
     fraDirectory_ = NewFrame(centralWidget(), "fraDirectory");
     auto* icons = new QHBoxLayout(fraDirectory_);
     icons->setSpacing(2);
-    for (int i = 7; i <= 10; ++i) icons->addWidget(toolbar_->icon(i));
+    for (int i = 7; i <= 10; ++i) {
+        icons->addWidget(toolbar_->icon(i));
+        toolbar_->icon(i)->show();
+    }
     icons->addStretch(1);
 }
 
@@ -116,7 +121,10 @@ void MainWindow::buildGroup() {
     lstGroup_->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* icons = new QHBoxLayout;
     icons->setSpacing(2);
-    for (int i = 11; i <= 13; ++i) icons->addWidget(toolbar_->icon(i));
+    for (int i = 11; i <= 13; ++i) {
+        icons->addWidget(toolbar_->icon(i));
+        toolbar_->icon(i)->show();
+    }
     icons->addStretch(1);
     box->addWidget(cmbGroupName_);
     box->addWidget(lstGroup_, 1);
