@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QProgressBar>
 
 #include "core/string_ids.h"
 #include "qt/artwork.h"
@@ -132,6 +133,8 @@ void MainWindow::controlsChanged() {
         toolbar_->setIconEnabled(i, form_.picToolIconsEnabled[static_cast<std::size_t>(i)]);
     lblInfo_->setText(ToQt(form_.lblInfo.Caption));
     mirrorOnline();
+    progBar_->setVisible(form_.progress.Visible);
+    progBar_->setValue(form_.progress.Value);
     applyLayout();
     if (form_.busyDepth > 0 && !QApplication::overrideCursor())
         QApplication::setOverrideCursor(Qt::WaitCursor);

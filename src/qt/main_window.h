@@ -14,6 +14,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QProgressBar>
 #include <QToolButton>
 #include <array>
 #include <functional>
@@ -96,6 +97,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QLabel *lblInfo_ = nullptr, *lblOnline_ = nullptr, *Picture1_ = nullptr, *lblmLable_ = nullptr,
            *lblTextCounter_ = nullptr, *lblTotal_ = nullptr;
     QPointer<QMessageBox> frmNoResponse_;
+    QProgressBar* progBar_ = nullptr;
 };
 
 }  // namespace parlane

@@ -2,6 +2,7 @@
 // controls inside a frame follow the frame's size.
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include "core/string_ids.h"
@@ -158,9 +159,17 @@ void MainWindow::buildStatus() {
     lblOnline_->setObjectName("lblOnline");
     Picture1_ = new QLabel(lblInfo_);
     Picture1_->setObjectName("Picture1");
+    // Long loops over names show their progress in the status area.
+    progBar_ = new QProgressBar(lblInfo_);
+    progBar_->setObjectName("ProgressBar");
+    progBar_->setRange(0, 100);
+    progBar_->setTextVisible(false);
+    progBar_->setMaximumHeight(14);
+    progBar_->hide();
     auto* row = new QHBoxLayout(lblInfo_);
     row->setContentsMargins(4, 0, 4, 0);
     row->addStretch(1);
+    row->addWidget(progBar_, 2);
     row->addWidget(lblOnline_);
     row->addWidget(Picture1_);
 }
