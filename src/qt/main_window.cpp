@@ -111,8 +111,10 @@ void MainWindow::controlsChanged() {
     lblOnline_->setText(caption("lblOnline"));
     toolbar_->refreshTips();
     for (const auto& [control, tip] : form_.ToolTips)
-        if (auto* w = findChild<QWidget*>(QString::fromStdString(control)))
+        if (auto* w = findChild<QWidget*>(QString::fromStdString(control))) {
             w->setToolTip(ToQt(tip));
+            w->setWhatsThis(ToQt(tip));  // What's This mode names the control
+        }
 
     const auto setLine = [](QLineEdit* edit, const TextBox& box) {
         if (edit->text() != ToQt(box.Text)) edit->setText(ToQt(box.Text));
