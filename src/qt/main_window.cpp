@@ -46,6 +46,13 @@ void MainWindow::syncPosition() {
     form_.minimised = isMinimized();
 }
 
+void MainWindow::busyChanged(bool busy) {
+    if (busy)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
 void MainWindow::statusChanged(const std::string& status) {
     lblInfo_->setText(ToQt(status));
     lblInfo_->repaint();
@@ -138,10 +145,6 @@ void MainWindow::controlsChanged() {
     progBar_->setVisible(form_.progress.Visible);
     progBar_->setValue(form_.progress.Value);
     applyLayout();
-    if (form_.busyDepth > 0 && !QApplication::overrideCursor())
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (form_.busyDepth == 0 && QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
 
     mirrorNoResponse();
     const QString focus = QString::fromStdString(form_.focusedControl);

@@ -31,6 +31,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     explicit MainWindow(frmMain& form);
     void statusChanged(const std::string& status) override;
     void controlsChanged() override;
+    void busyChanged(bool busy) override;
     // The model has unloaded itself: close without running its handlers again.
     void modelClosed();
     // Called once the model's close handlers have run.

@@ -63,6 +63,8 @@ class FormObserver {
     virtual void statusChanged(const std::string& /*status*/) {}
     // Anything else may have changed: re-read the fields.
     virtual void controlsChanged() {}
+    // The busy pointer goes on (true) or off, at once, before the busy work runs.
+    virtual void busyChanged(bool /*busy*/) {}
 };
 
 class frmMain {
@@ -411,8 +413,12 @@ class frmMain {
 // Shows the hourglass for a scope and restores it on every path.
 class BusyCursor {
   public:
-    explicit BusyCursor(frmMain& form) : form_(form) { ++form_.busyDepth; }
-    ~BusyCursor() { --form_.busyDepth; }
+    explicit BusyCursor(frmMain& form) : form_(form) {
+        if (form_.busyDepth++ == 0 && form_.observer_) form_.observer_->busyChanged(true);
+    }
+    ~BusyCursor() {
+        if (--form_.busyDepth == 0 && form_.observer_) form_.observer_->busyChanged(false);
+    }
     BusyCursor(const BusyCursor&) = delete;
     BusyCursor& operator=(const BusyCursor&) = delete;
 
