@@ -144,8 +144,8 @@ void MainWindow::showToolWindow(bool show) {
 
 // The windows the model asks for by name. Those this version has no view for say so.
 void MainWindow::showForm(const std::string& form) {
-    if (form == "frmToolWindow" || form == "-frmToolWindow") {
-        if (isVisible()) showToolWindow(form == "frmToolWindow");
+    if (form == "frmToolWindow") {
+        if (isVisible()) showToolWindow(true);
     } else if (form == "frmDial") {
         ShowDialDialog(this, form_);
     } else if (form == "frmTimeout") {
@@ -175,6 +175,9 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::wireHooks() {
     form_.showForm = [this](const std::string& form) { showForm(form); };
+    form_.unloadForm = [this](const std::string& form) {
+        if (form == "frmToolWindow") showToolWindow(false);
+    };
     form_.showDirectoryAdd = [this](frmDirectoryAdd& d) { ShowDirectoryAddDialog(this, d); };
     form_.showGroupAdd = [this](frmGroupAdd& d) { ShowGroupAddDialog(this, d); };
     form_.showModemDialog = [this](frmModem& m) { ShowModemDialog(this, m); };

@@ -135,6 +135,8 @@ class frmMain {
 
     // Windows the view provides; without a view nothing is shown.
     std::function<void(const std::string& form)> showForm;
+    // Closes a window the view keeps open beside this one (the standard texts).
+    std::function<void(const std::string& form)> unloadForm;
     // Opens a file, web address or mail address with the desktop's handler; false and a reason
     // when that failed.
     std::function<bool(const std::string& target, std::string& error)> openDocument;

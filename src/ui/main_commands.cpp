@@ -99,7 +99,10 @@ void frmMain::mnuGroup_Click() {
 void frmMain::mnuTools_Click() {
     mnuTools.Checked = !mnuTools.Checked;
     settings_.SaveSetting("Settings", "Tools", mnuTools.Checked ? "1" : "0");
-    ShowForm(mnuTools.Checked ? "frmToolWindow" : "-frmToolWindow");
+    if (mnuTools.Checked)
+        ShowForm("frmToolWindow");
+    else if (unloadForm)
+        unloadForm("frmToolWindow");
     changed();
 }
 
