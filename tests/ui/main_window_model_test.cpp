@@ -82,6 +82,23 @@ TEST(Panels, TogglesStoreTheirSettingAndResizeTheWindow) {
     EXPECT_EQ(p.settings.read("Parlane", "Group", "View"), "0");
 }
 
+TEST(Panels, StandardTextsOpenAndCloseWithTheirSetting) {
+    TestPlatform p;
+    auto& f = p.load();
+    ASSERT_TRUE(f.mnuTools.Checked);  // shown unless the setting says otherwise
+    std::vector<std::string> events;
+    f.showForm = [&](const std::string& form) { events.push_back("show " + form); };
+    f.unloadForm = [&](const std::string& form) { events.push_back("close " + form); };
+    f.mnuTools_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Tools"), "0");
+    f.mnuTools_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Tools"), "1");
+    // A change of language opens it again, so that it takes the new texts.
+    f.mnuItalian_Click();
+    EXPECT_EQ(events, (std::vector<std::string>{"close frmToolWindow", "show frmToolWindow",
+                                                "show frmToolWindow"}));
+}
+
 TEST(Panels, StartAsTheSettingsLeftThem) {
     TestPlatform p;
     p.settings.write("Parlane", "Queue", "View", "1");
