@@ -36,7 +36,16 @@ bool KeyRule::eventFilter(QObject* watched, QEvent* event) {
     }
     if (event->type() != QEvent::KeyPress || !rule_) return false;
     const int code = KeyAscii(*static_cast<QKeyEvent*>(event), multiLine_);
-    return code != 0 && rule_(code) == 0;
+    if (code == 0) return false;
+    const int given = rule_(code);
+    if (given == code) return false;
+    // A rule may also type another character in the key's place (a letter in upper case).
+    if (given >= 32) {
+        const QString text = ToQt(std::string(1, static_cast<char>(given)));
+        if (auto* edit = qobject_cast<QLineEdit*>(watched)) edit->insert(text);
+        if (auto* box = qobject_cast<QPlainTextEdit*>(watched)) box->insertPlainText(text);
+    }
+    return true;
 }
 
 }  // namespace parlane

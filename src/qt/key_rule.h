@@ -1,6 +1,6 @@
 #pragma once
 // Typed keys go through the model's key rules: each rule takes a character code and gives it
-// back, or 0 to drop the key.
+// back, or 0 to drop the key, or another character to type in its place.
 
 #include <QKeyEvent>
 #include <QObject>

@@ -9,32 +9,11 @@
 #include <QPushButton>
 
 #include "core/string_ids.h"
+#include "qt/key_rule.h"
 #include "qt/qt_text.h"
 
 namespace parlane {
-namespace {
-
-// Puts each typed character through the form's KeyPress for that field.
-class KeyFilter : public QObject {
-  public:
-    KeyFilter(FieldForm& form, QObject* parent) : QObject(parent), form_(form) {}
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress) return false;
-        auto* edit = qobject_cast<QLineEdit*>(watched);
-        const std::string typed = FromQt(static_cast<QKeyEvent*>(event)->text());
-        if (!edit || typed.size() != 1) return false;
-        const char key = form_.KeyPress(edit->objectName().toStdString(), typed[0]);
-        if (key == typed[0]) return false;
-        if (key != 0) edit->insert(ToQt(std::string(1, key)));
-        return true;
-    }
-
-  private:
-    FieldForm& form_;
-};
-
-}  // namespace
+namespace {}  // namespace
 
 std::unique_ptr<QDialog> MakeFieldDialog(FieldForm& form, DialogueHost& host,
                                          const Strings& strings, QWidget* owner, const char* name) {
@@ -43,11 +22,13 @@ std::unique_ptr<QDialog> MakeFieldDialog(FieldForm& form, DialogueHost& host,
     d->setObjectName(name);
     d->setWindowTitle(ToQt(strings.LoadResString(form.titleId)).remove('&'));
     auto* layout = new QFormLayout(d);
-    auto* filter = new KeyFilter(form, d);
     for (const auto& field : form.fields()) {
         auto* edit = new QLineEdit(ToQt(field.box->Text), d);
         edit->setObjectName(field.control);
-        edit->installEventFilter(filter);
+        const std::string control = field.control;
+        new KeyRule(edit, [&form, control](int key) {
+            return static_cast<unsigned char>(form.KeyPress(control, static_cast<char>(key)));
+        });
         layout->addRow(ToQt(strings.LoadResString(field.labelId)), edit);
     }
     if (auto* ports = dynamic_cast<PortsForm*>(&form)) {
