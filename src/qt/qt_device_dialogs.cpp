@@ -13,7 +13,6 @@
 #include "qt/qt_text.h"
 
 namespace parlane {
-namespace {}  // namespace
 
 std::unique_ptr<QDialog> MakeFieldDialog(FieldForm& form, DialogueHost& host,
                                          const Strings& strings, QWidget* owner, const char* name) {

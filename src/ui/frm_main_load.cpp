@@ -8,7 +8,6 @@
 #include "ui/frm_main.h"
 
 namespace parlane {
-namespace {}  // namespace
 
 void frmMain::reportDamage(const std::filesystem::path& file) {
     const auto aside = KeepDamagedCopy(file);

@@ -8,7 +8,6 @@
 #include "qt/qt_text.h"
 
 namespace parlane {
-namespace {}  // namespace
 
 QString LabelText(const std::string& text) {
     return ToQt(text).replace("\r\n", "\n");
