@@ -4,7 +4,6 @@
 #include "ui/frm_main.h"
 
 namespace parlane {
-namespace {}  // namespace
 
 void frmMain::SetCallingLook() {
     mnuHangUp.Enabled = true;
