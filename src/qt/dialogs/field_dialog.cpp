@@ -8,10 +8,6 @@
 #include "qt/qt_text.h"
 
 namespace parlane {
-namespace {
-
-}  // namespace
-
 QString LabelText(const std::string& text) {
     return ToQt(text).replace("\r\n", "\n");
 }
@@ -68,6 +64,8 @@ bool FieldHooks::eventFilter(QObject* watched, QEvent* event) {
 void OneFieldDialog::build(Parts parts) {
     parts_ = std::move(parts);
     setWindowTitle(ToQt(*parts_.caption));
+    // Wide enough for a one-line prompt to stay on one line.
+    setMinimumWidth(320);
     auto* layout = new QVBoxLayout(this);
     int n = 0;
     for (const Label* label : parts_.labels) AddLabel(layout, QString("Label%1").arg(++n), *label);
