@@ -61,7 +61,7 @@ bool WaitFor(const std::function<bool()>& done, int timeoutMs) {
 
 void Save(QWidget& window, const QString& name) {
     const QString path = outDir + "/" + name + ".png";
-    const bool saved = window.grab().save(path);
+    const bool saved = window.grab().save(path, "PNG", 0);  // 0: the smallest file
     if (!saved) ++failures;
     std::printf("%-26s %4dx%-4d %s\"%s\"\n", qPrintable(name + ".png"), window.width(),
                 window.height(), saved ? "" : "NOT SAVED ", qPrintable(window.windowTitle()));

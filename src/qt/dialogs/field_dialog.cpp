@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/key_rule.h"
 #include "qt/qt_text.h"
@@ -74,6 +75,9 @@ void OneFieldDialog::build(Parts parts) {
     layout->addWidget(field_);
     hooks_ = new FieldHooks(field_, *parts_.box, parts_.handlers);
     connect(AddOk(layout, parts_.okName), &QPushButton::clicked, this, &OneFieldDialog::okClicked);
+    // The wrapped prompt's height at the width the dialogue opens with, not at its own guess.
+    const int width = std::max(sizeHint().width(), minimumWidth());
+    resize(width, heightForWidth(width));
 }
 
 void OneFieldDialog::okClicked() {
