@@ -31,7 +31,8 @@ LocationForm::LocationForm(const DiallingLocation& from) : FieldForm(sid::MenuDi
     txtOutsideLine.Text = from.outsideLine;
     txtNationalPrefix.Text = from.nationalPrefix;
     txtInternationalPrefix.Text = from.internationalPrefix;
-    txtDialMode.Text = from.tone ? "T" : "P";
+    // One char, not a literal: GCC 12 at -O2 warns falsely (-Wrestrict) on assigning "T" or "P".
+    txtDialMode.Text = std::string(1, from.tone ? 'T' : 'P');
     add({"txtCountryCode", sid::TipCountryCode, &txtCountryCode, ValidCountry, DigitKey});
     add({"txtAreaCode", sid::TipAreaCode, &txtAreaCode, AllDigits, DigitKey});
     add({"txtOutsideLine", sid::LabelOutsideLine, &txtOutsideLine, ValidOutsideLine,

@@ -51,7 +51,8 @@ ModemSettingsForm::ModemSettingsForm(const ModemConfig& from) : FieldForm(sid::M
     txtDataBits.Text = std::to_string(from.dataBits);
     txtParity.Text = std::string(1, from.parity);
     txtStopBits.Text = std::to_string(from.stopBits);
-    txtFlowControl.Text = from.hardwareFlowControl ? "H" : "N";
+    // One char, not a literal: GCC 12 at -O2 warns falsely (-Wrestrict) on assigning "H" or "N".
+    txtFlowControl.Text = std::string(1, from.hardwareFlowControl ? 'H' : 'N');
     txtInitString.Text = from.initString;
     add({"txtSpeed", sid::LabelSpeed, &txtSpeed, ValidSpeed, DigitKey});
     add({"txtDataBits", sid::LabelDataBits, &txtDataBits, ValidDataBits, DigitKey});

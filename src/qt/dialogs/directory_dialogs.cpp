@@ -89,8 +89,10 @@ void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
     layout->addRow(number);
     layout->addRow(chkUseService);
     layout->addRow(Services);
+    // The buttons keep their own width at the right, whether "Saving ..." shows or not.
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(lblSaving, 1);
+    buttons->addWidget(lblSaving);
+    buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(cancel);
     layout->addRow(buttons);
@@ -163,6 +165,7 @@ void ShowGroupAddDialog(QWidget* owner, frmGroupAdd& model) {
     auto* ok = Button("cmdProviderItemOk", model.cmdProviderItemOk.Caption, &dialog);
     auto* cancel = Button("cmdProviderItemCancel", model.cmdProviderItemCancel.Caption, &dialog);
     ok->setDefault(true);
+    dialog.setMinimumWidth(300);
     auto* layout = new QVBoxLayout(&dialog);
     layout->addWidget(txtName);
     auto* buttons = new QHBoxLayout;

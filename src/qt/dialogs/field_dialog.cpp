@@ -3,12 +3,12 @@
 #include <QKeyEvent>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/key_rule.h"
 #include "qt/qt_text.h"
 
 namespace parlane {
-
 QString LabelText(const std::string& text) {
     return ToQt(text).replace("\r\n", "\n");
 }
@@ -65,6 +65,8 @@ bool FieldHooks::eventFilter(QObject* watched, QEvent* event) {
 void OneFieldDialog::build(Parts parts) {
     parts_ = std::move(parts);
     setWindowTitle(ToQt(*parts_.caption));
+    // Wide enough for a one-line prompt to stay on one line.
+    setMinimumWidth(320);
     auto* layout = new QVBoxLayout(this);
     int n = 0;
     for (const Label* label : parts_.labels) AddLabel(layout, QString("Label%1").arg(++n), *label);
@@ -73,6 +75,9 @@ void OneFieldDialog::build(Parts parts) {
     layout->addWidget(field_);
     hooks_ = new FieldHooks(field_, *parts_.box, parts_.handlers);
     connect(AddOk(layout, parts_.okName), &QPushButton::clicked, this, &OneFieldDialog::okClicked);
+    // The wrapped prompt's height at the width the dialogue opens with, not at its own guess.
+    const int width = std::max(sizeHint().width(), minimumWidth());
+    resize(width, heightForWidth(width));
 }
 
 void OneFieldDialog::okClicked() {

@@ -50,7 +50,8 @@ SplashWindow::SplashWindow(QWidget* owner, const ProgramGlobals& globals, frmMai
     links->addWidget(mail);
     links->addStretch(1);
     box->addLayout(links);
-    setStyleSheet("SplashWindow { background: white; border: 1px solid #8a9bb0; }");
+    // By object name: the class has no meta-object of its own for a type selector to match.
+    setStyleSheet("QDialog#frmSplash { background: white; border: 1px solid #8a9bb0; }");
     if (main) {
         connect(web, &QToolButton::clicked, this, [this, main] {
             main->mnuSupportInternet_Click();
