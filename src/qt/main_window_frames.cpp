@@ -73,10 +73,11 @@ void MainWindow::buildCompose() {
     lblTotal_ = new QLabel(fraLogo_);
     lblTotal_->setObjectName("lblTotal");
     counters->addStretch(1);
+    counters->setSpacing(0);  // "42/160" reads as one figure
     counters->addWidget(lblmLable_);
+    counters->addSpacing(4);
     counters->addWidget(lblTextCounter_);
     counters->addWidget(lblTotal_);
-    counters->setSpacing(2);
     box->addLayout(counters);
 }
 
