@@ -25,6 +25,10 @@ void frmDirectoryAdd::Form_Load() {
     chkUseService.Caption = main_.LoadResString(sid::CheckAlwaysUseThisCentre);
     lblSaving.Caption = main_.LoadResString(sid::SavingEllipsis);
     lblSaving.Visible = false;
+    NameHint = main_.LoadResString(sid::TipNames);
+    CountryCodeHint = main_.LoadResString(sid::TipCountryCode);
+    AreaCodeHint = main_.LoadResString(sid::TipAreaCode);
+    NumberHint = main_.LoadResString(sid::TipTelephoneNumber);
     FillCountryBox(Country);
     OriginalName = Entry.Name;
     txtName.Text = Entry.Name;

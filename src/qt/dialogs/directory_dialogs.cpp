@@ -70,6 +70,13 @@ void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
     auto* txtCountryCode = LineEdit("txtCountryCode", &dialog);
     auto* txtAreaCode = LineEdit("txtAreaCode", &dialog);
     auto* txtNumber = LineEdit("txtNumber", &dialog);
+    for (auto [edit, hint] : {std::pair{txtName, &model.NameHint},
+                              {txtCountryCode, &model.CountryCodeHint},
+                              {txtAreaCode, &model.AreaCodeHint},
+                              {txtNumber, &model.NumberHint}}) {
+        edit->setPlaceholderText(ToQt(*hint));
+        edit->setToolTip(ToQt(*hint));
+    }
     auto* chkUseService = new QCheckBox(ToQt(model.chkUseService.Caption), &dialog);
     chkUseService->setObjectName("chkUseService");
     auto* Services = ListBox("Services", &dialog);
