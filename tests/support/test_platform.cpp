@@ -53,7 +53,7 @@ std::int32_t FakeLine::lineOpen(std::uint32_t device, std::uint32_t& line) {
 std::int32_t FakeLine::lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>& config,
                                         const std::string&) {
     log.push_back("set dev config " + std::to_string(config.size()));
-    return setDevConfigResult;
+    return 0;
 }
 std::int32_t FakeLine::lineTranslateAddress(std::uint32_t, const std::string& canonical,
                                             std::string& dialable) {
@@ -98,7 +98,7 @@ std::int32_t FakeLine::lineClose(std::uint32_t) {
     return 0;
 }
 std::int32_t FakeLine::tapiGetLocationInfo(std::string& code, std::string& city) {
-    code = countryCode;
+    code = "44";
     city.clear();
     return 0;
 }
@@ -125,11 +125,11 @@ std::int32_t FakeLine::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t
 }
 std::int32_t FakeLine::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
     log.push_back("translate dialog " + std::to_string(device));
-    return translateDialogResult;
+    return 0;
 }
 std::int32_t FakeLine::lineConfigProvider(std::uintptr_t, std::uint32_t providerId) {
     log.push_back("config provider " + std::to_string(providerId));
-    return configProviderResult;
+    return 0;
 }
 bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> cb) {
     log.push_back("open port");
@@ -232,6 +232,20 @@ std::string TestPlatform::archiveFile(const std::string& name) const {
     return ReadWholeFile(home / "SMS" / "Outbox" / name).value_or("<missing>");
 }
 
+std::vector<std::string> TestPlatform::archiveStatuses() const {
+    std::vector<std::string> out;
+    for (const auto& name : archiveFiles()) {
+        const auto text = archiveFile(name);
+        const auto at = text.find("Status: \t") + 9;
+        out.push_back(text.substr(at, text.find('\r', at) - at));
+    }
+    return out;
+}
+
+bool TestPlatform::saw(const std::string& status) const {
+    return std::find(statusLines.begin(), statusLines.end(), status) != statusLines.end();
+}
+
 Provider MakeProvider(const std::string& name, int protocol, const std::string& maxMessages,
                       int multiMessage) {
     Provider p;
@@ -255,6 +269,20 @@ void Compose(frmMain& form, const std::string& text, const std::string& country,
     form.txtCountryCode.Text = country;
     form.txtAreaCode.Text = area;
     form.txtNumber.Text = number;
+}
+
+std::vector<std::string> Texts(const MessageTable& table) {
+    std::vector<std::string> texts;
+    for (std::size_t i = 1; i < table.size(); ++i) texts.push_back(table[i].Text);
+    return texts;
+}
+
+void QueueTexts(frmMain& form, const std::vector<std::string>& texts, const std::string& country,
+                const std::string& area, const std::string& number) {
+    for (const auto& text : texts) {
+        Compose(form, text, country, area, number);
+        form.mnuQueue_Click();
+    }
 }
 
 }  // namespace parlane::testing
