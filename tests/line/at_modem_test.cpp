@@ -28,13 +28,9 @@ using Clock = std::chrono::steady_clock;
 
 struct Bench {
     Bench() {
-        lockDir = std::filesystem::temp_directory_path() /
-                  ("parlane-lock-" + std::to_string(getpid()) + "-" + std::to_string(++count));
-        std::filesystem::create_directories(lockDir);
         options.devicePath = emulator.devicePath();
-        options.lockDir = lockDir.string();
+        options.lockDir = lockDir.path().string();
     }
-    ~Bench() { std::filesystem::remove_all(lockDir); }
     // A provider whose call states are recorded.
     std::unique_ptr<AtModem> modem(AtModemOptions o) {
         auto m = std::make_unique<AtModem>(loop, std::move(o));
@@ -50,10 +46,9 @@ struct Bench {
     bool reaches(std::uint32_t state) {
         return loop.runUntil([&] { return !states.empty() && states.back() == state; });
     }
-    static inline int count = 0;
     RealTimeLoop loop;
     PtyModemEmulator emulator;
-    std::filesystem::path lockDir;
+    testing::TempFolder lockDir;
     AtModemOptions options;
     std::vector<std::uint32_t> states;
 };
@@ -139,7 +134,7 @@ TEST(AtModem, DialsWithEchoAndNumericCodesHangsUpAndCallsAgain) {
     // Closing the line ends the call at the modem (the port closing) and frees the lock.
     EXPECT_EQ(modem->lineClose(line), 0);
     ASSERT_TRUE(b.loop.runUntil([&] { return b.emulator.hangUps() == 2; }));
-    EXPECT_TRUE(std::filesystem::is_empty(b.lockDir));
+    EXPECT_TRUE(std::filesystem::is_empty(b.lockDir.path()));
 }
 
 TEST(AtModem, BusyNoCarrierAndAVanishingDeviceEndTheCall) {
@@ -174,7 +169,8 @@ TEST(AtModem, BusyNoCarrierAndAVanishingDeviceEndTheCall) {
 TEST(AtModem, TheLockKeepsASecondUserOutAndStaleLocksAreTakenOver) {
     Bench b;
     const std::string lockFile =
-        (b.lockDir / ("LCK.." + std::filesystem::path(b.options.devicePath).filename().string()))
+        (b.lockDir.path() /
+         ("LCK.." + std::filesystem::path(b.options.devicePath).filename().string()))
             .string();
     // A lock left by a process that is gone.
     const pid_t child = fork();
@@ -209,8 +205,8 @@ TEST(AtModem, TheLockKeepsASecondUserOutAndStaleLocksAreTakenOver) {
 }
 
 TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) {
-    const auto dev =
-        std::filesystem::temp_directory_path() / ("parlane-dev-" + std::to_string(getpid()));
+    testing::TempFolder folder;
+    const auto& dev = folder.path();
     std::filesystem::create_directories(dev / "serial" / "by-id");
     for (const char* node : {"ttyUSB0", "ttyUSB1", "ttyACM0", "ttyS0"})
         std::ofstream(dev / node) << "";
@@ -242,7 +238,6 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
     // Nothing open: the serial side refuses quietly.
     EXPECT_FALSE(list.CloseCommunicationsPort());
-    std::filesystem::remove_all(dev);
 }
 
 // The main window sends through device 1 of the device list: the modem on the pty.

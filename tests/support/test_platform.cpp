@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <random>
 
 #include "core/file_io.h"
 #include "line/modem_config.h"
@@ -172,28 +171,16 @@ struct TestPlatform::Recorder : FormObserver {
     std::vector<std::string>& lines_;
 };
 
-TestPlatform::TestPlatform(std::filesystem::path homeFolder) {
-    if (homeFolder.empty()) {
-        std::random_device rd;
-        home = std::filesystem::temp_directory_path() /
-               ("parlane-test-" + std::to_string(rd()) + std::to_string(rd()));
-        ownsHome = true;
-    } else {
-        home = std::move(homeFolder);
-    }
-    std::filesystem::create_directories(home);
+TestPlatform::TestPlatform() {
     // A modem has been chosen already; the tests of that choice clear these.
     settings.write("Parlane", "FirstRun", "Modem", "4");
     settings.write("Parlane", "Modem", "Index", "0");
     settings.write("Parlane", "Modem", "Name", "Simulated modem");
 }
 
+// The window goes before the recorder it reports to, and both before the home.
 TestPlatform::~TestPlatform() {
     main.reset();
-    if (ownsHome) {
-        std::error_code ec;
-        std::filesystem::remove_all(home, ec);
-    }
 }
 
 frmMain& TestPlatform::load() {

@@ -14,6 +14,7 @@
 #include "line/serial_link.h"
 #include "line/simulated_modem.h"
 #include "line/telephony.h"
+#include "support/temp_files.h"
 #include "ui/frm_main.h"
 
 namespace parlane::testing {
@@ -112,7 +113,7 @@ class FakeLine : public TapiProvider, public SerialLink {
 };
 
 struct TestPlatform {
-    explicit TestPlatform(std::filesystem::path homeFolder = {});
+    TestPlatform();
     ~TestPlatform();
     // Builds (once) and loads the main window.
     frmMain& load();
@@ -128,8 +129,8 @@ struct TestPlatform {
     std::vector<std::string> archiveStatuses() const;
     bool saw(const std::string& status) const;  // shown on the status line at some time
 
-    std::filesystem::path home;
-    bool ownsHome = false;
+    TempFolder homeFolder;
+    std::filesystem::path home = homeFolder.path();
     VirtualEventLoop loop;
     MemorySettingsStore settings;
     ScriptedDialogues dialogues;
