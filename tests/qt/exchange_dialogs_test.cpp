@@ -28,10 +28,7 @@ void Click(QDialog& dialog, const char* name) {
 
 TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
     testing::TestPlatform p;
-    std::string error;
-    WriteBytes(p.home / "phones.dat",
-               SerializeDirectoryFile(
-                   {{"Ann", "44", "07", "1234", "Voda"}, {"Bob", "31", "", "555", ""}}, error));
+    p.writeDirectory({{"Ann", "44", "07", "1234", "Voda"}, {"Bob", "31", "", "555", ""}});
     auto& form = p.load();
     PickedFile chooser;
     {
@@ -71,9 +68,7 @@ TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
 
 TEST(QtBackupWindow, BrowseShowsTheFolderAndOkCopiesIntoIt) {
     testing::TestPlatform p;
-    std::string error;
-    WriteBytes(p.home / "phones.dat",
-               SerializeDirectoryFile({{"Ann", "44", "07", "1234", ""}}, error));
+    p.writeDirectory({{"Ann", "44", "07", "1234", ""}});
     auto& form = p.load();
     PickedFolder chooser;
     const auto folder = p.home / "backup";

@@ -206,6 +206,11 @@ void TestPlatform::writeProviders(const std::vector<Provider>& providers) {
     WriteFileAtomically(home / "smsc.dat", SerializeProviderFile(providers, error));
 }
 
+void TestPlatform::writeDirectory(const std::vector<DirectoryEntry>& entries) {
+    std::string error;
+    WriteFileAtomically(home / "phones.dat", SerializeDirectoryFile(entries, error));
+}
+
 std::vector<std::string> TestPlatform::archiveFiles() const {
     std::vector<std::string> names;
     std::error_code ec;

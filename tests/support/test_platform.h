@@ -120,8 +120,9 @@ struct TestPlatform {
     // Call before load(): the window then dials through the simulated modem and its centres.
     void useSimulatedModem();
 
-    // Writes smsc.dat into the home.
+    // Write smsc.dat and phones.dat into the home.
     void writeProviders(const std::vector<Provider>& providers);
+    void writeDirectory(const std::vector<DirectoryEntry>& entries);
     // Names of the files in SMS/Outbox, sorted.
     std::vector<std::string> archiveFiles() const;
     std::string archiveFile(const std::string& name) const;
