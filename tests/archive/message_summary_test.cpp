@@ -8,6 +8,7 @@
 
 #include "archive/archive_listing.h"
 #include "archive/message_file.h"
+#include "support/temp_files.h"
 
 namespace parlane {
 namespace {
@@ -93,8 +94,8 @@ TEST(MessageSummary, AnyBytesGiveBoundedFieldsTakenFromTheText) {
 }
 
 TEST(ArchiveListing, ListsMessageFilesInDateOrderAndCountsUnreadableOnes) {
-    const auto folder = std::filesystem::temp_directory_path() /
-                        ("parlane-archive-test-" + std::to_string(std::random_device()()));
+    testing::TempFolder temp;
+    const auto& folder = temp.path();
     std::filesystem::create_directories(folder / "x.msg");
     // Each file names itself as recipient, so every row shows it holds its own file's summary.
     for (const char* name : {"260102 100001.msg", "260102 100000.msg", "251231 235959.MSG",
@@ -111,9 +112,8 @@ TEST(ArchiveListing, ListsMessageFilesInDateOrderAndCountsUnreadableOnes) {
     EXPECT_EQ(got, (std::vector<std::string>{"251231 235959.MSG", "260102 100000-2.msg",
                                              "260102 100000.msg", "260102 100001.msg"}));
     EXPECT_EQ(unreadable, 1u);
-    std::filesystem::remove_all(folder);
 
-    EXPECT_TRUE(ListArchiveFolder(folder, kFormats, &unreadable).empty());
+    EXPECT_TRUE(ListArchiveFolder(folder / "gone", kFormats, &unreadable).empty());
     EXPECT_EQ(unreadable, 0u);
 }
 

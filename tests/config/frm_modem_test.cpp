@@ -34,28 +34,22 @@ TEST(FirstRunModem, ChoiceComesUntilMadeAndWhenTheModemMoved) {
         auto centre = MakeProvider("A");
         centre.TapiDevice = "5";
         p.writeProviders({centre});
-        TestPlatform* platform = &p;
         int shown = 0;
-        // Built before load: the hook must be there when the window loads.
-        p.globals = ProgramGlobals{};
-        auto& f = [&]() -> frmMain& {
-            p.main = std::make_unique<frmMain>(
-                Platform{p.loop, p.settings, p.dialogues, p.formats, p.line, p.line, p.home},
-                p.globals);
-            p.main->showModemDialog = [&](frmModem& dialog) {
-                ++shown;
-                EXPECT_EQ(dialog.cboTapiDevice.Text, "Simulated modem");
-                dialog.cmdProviderItemOk_Click();
-            };
-            p.main->Form_Load();
-            return *p.main;
-        }();
+        // Built by hand: the hook must be there when the window loads.
+        p.main = std::make_unique<frmMain>(
+            Platform{p.loop, p.settings, p.dialogues, p.formats, p.line, p.line, p.home},
+            p.globals);
+        p.main->showModemDialog = [&](frmModem& dialog) {
+            ++shown;
+            EXPECT_EQ(dialog.cboTapiDevice.Text, "Simulated modem");
+            dialog.cmdProviderItemOk_Click();
+        };
+        p.main->Form_Load();
+        const frmMain& f = *p.main;
         EXPECT_EQ(shown, c.shown) << c.firstRun << c.index << c.name;
         if (c.shown) {
             EXPECT_EQ(f.Providers[0].TapiDevice, "0");
-            EXPECT_EQ(ParseProviderFile(*ReadWholeFile(platform->home / "smsc.dat"))
-                          .records[0]
-                          .TapiDevice,
+            EXPECT_EQ(ParseProviderFile(*ReadWholeFile(p.home / "smsc.dat")).records[0].TapiDevice,
                       "0");
             EXPECT_EQ(p.settings.read("Parlane", "FirstRun", "Modem"), "4");
             EXPECT_EQ(p.settings.read("Parlane", "Modem", "Name"), "Simulated modem");

@@ -2,6 +2,8 @@
 // refusal leaves behind.
 #include <gtest/gtest.h>
 
+#include <span>
+
 #include "config/frm_dial.h"
 #include "config/frm_modem_info.h"
 #include "config/frm_originator.h"
@@ -25,77 +27,63 @@ struct NumberCase {
     int message;         // the refusal's text id
 };
 
-TEST(DialAttempts, AcceptsOneOrMoreUpTo32767AndRefusalsKeepTheOldValue) {
-    const NumberCase cases[] = {
-        {"0", nullptr, sid::MustEnterAtLeastOne},
-        {"00", nullptr, sid::MustEnterAtLeastOne},
-        {"", nullptr, sid::MustEnterAtLeastOne},
-        {"-2", nullptr, sid::MustEnterAtLeastOne},
-        {"32768", nullptr, sid::NumberTooLarge},
-        {"99999999999", nullptr, sid::NumberTooLarge},
-        {"1", "1", 0},
-        {"+3", "3", 0},
-        {"3+4", "3", 0},
-        {"040", "40", 0},
-        {"32767", "32767", 0},
-        {"7 tries", "7", 0},
-    };
+// Runs the cases through one number dialogue. A refusal names its rule, keeps the dialogue open
+// on its field and leaves the old value: `old`, stored first when `preset`, or else the default.
+template <class Dialog>
+void ExpectNumberRules(std::span<const NumberCase> cases, TextBox Dialog::*box,
+                       void (Dialog::*ok)(), const char* focus, const char* key,
+                       std::int16_t& (*value)(frmMain&), std::int16_t old, bool preset) {
     for (const auto& c : cases) {
         TestPlatform p;
         auto& f = p.load();
-        p.settings.write("Parlane", "Settings", "MaxDial", "5");
-        f.state.MaxDialAttempts = 5;
-        frmDial dialog(f);
+        if (preset) {
+            p.settings.write("Parlane", "Settings", key, std::to_string(old));
+            value(f) = old;
+        }
+        EXPECT_EQ(value(f), old);
+        const auto stored = p.settings.read("Parlane", "Settings", key);
+        Dialog dialog(f);
         dialog.Form_Load();
-        EXPECT_EQ(dialog.txtDialAttempts.Text, "5");
-        dialog.txtDialAttempts.Text = c.typed;
-        dialog.cmdProvidersClose_Click();
+        EXPECT_EQ((dialog.*box).Text, std::to_string(old));
+        (dialog.*box).Text = c.typed;
+        (dialog.*ok)();
+        EXPECT_EQ(dialog.unloaded, c.stored != nullptr) << c.typed;
         if (c.stored) {
-            EXPECT_TRUE(dialog.unloaded) << c.typed;
             EXPECT_TRUE(p.dialogues.shown.empty()) << c.typed;
-            EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), c.stored);
-            EXPECT_EQ(std::to_string(f.state.MaxDialAttempts), c.stored);
+            EXPECT_EQ(p.settings.read("Parlane", "Settings", key), c.stored);
+            EXPECT_EQ(std::to_string(value(f)), c.stored);
         } else {
-            EXPECT_FALSE(dialog.unloaded) << c.typed;
-            EXPECT_EQ(dialog.focusedControl, "txtDialAttempts");
+            EXPECT_EQ(dialog.focusedControl, focus) << c.typed;
             ASSERT_EQ(p.dialogues.shown.size(), 1u) << c.typed;
             EXPECT_EQ(p.dialogues.shown[0].prompt, Text(c.message)) << c.typed;
             EXPECT_EQ(p.dialogues.shown[0].flags, MbInformation);
-            EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), "5");
-            EXPECT_EQ(f.state.MaxDialAttempts, 5);
+            EXPECT_EQ(p.settings.read("Parlane", "Settings", key), stored);
+            EXPECT_EQ(value(f), old);
         }
     }
 }
 
-TEST(ResponseTimeout, ThirtyIsTheLeastAndTheLowBoundIsCheckedFirst) {
+TEST(DialAttempts, AcceptsOneOrMoreUpTo32767AndRefusalsKeepTheOldValue) {
+    const int one = sid::MustEnterAtLeastOne, large = sid::NumberTooLarge;
+    // clang-format off
     const NumberCase cases[] = {
-        {"29", nullptr, sid::MustEnterAtLeast30},
-        {"", nullptr, sid::MustEnterAtLeast30},
-        {"+", nullptr, sid::MustEnterAtLeast30},
-        {"40000", nullptr, sid::NumberTooLarge},
-        {"30", "30", 0},
-        {"+045", "45", 0},
-    };
-    for (const auto& c : cases) {
-        TestPlatform p;
-        auto& f = p.load();
-        frmTimeout dialog(f);
-        dialog.Form_Load();
-        EXPECT_EQ(dialog.txtResponseSecs.Text, "30");  // the default
-        dialog.txtResponseSecs.Text = c.typed;
-        dialog.cmdOK_Click();
-        EXPECT_EQ(dialog.unloaded, c.stored != nullptr) << c.typed;
-        if (c.stored) {
-            EXPECT_EQ(p.settings.read("Parlane", "Settings", "Timeout"), c.stored);
-            EXPECT_EQ(std::to_string(f.ResponseTimeoutSecs), c.stored);
-        } else {
-            ASSERT_EQ(p.dialogues.shown.size(), 1u);
-            EXPECT_EQ(p.dialogues.shown[0].prompt, Text(c.message)) << c.typed;
-            EXPECT_EQ(dialog.focusedControl, "txtResponseSecs");
-            EXPECT_FALSE(p.settings.read("Parlane", "Settings", "Timeout"));
-            EXPECT_EQ(f.ResponseTimeoutSecs, 30);
-        }
-    }
+        {"0", nullptr, one}, {"00", nullptr, one}, {"", nullptr, one}, {"-2", nullptr, one},
+        {"32768", nullptr, large}, {"99999999999", nullptr, large}, {"1", "1", 0}, {"+3", "3", 0},
+        {"3+4", "3", 0}, {"040", "40", 0}, {"32767", "32767", 0}, {"7 tries", "7", 0}};
+    // clang-format on
+    ExpectNumberRules<frmDial>(
+        cases, &frmDial::txtDialAttempts, &frmDial::cmdProvidersClose_Click, "txtDialAttempts",
+        "MaxDial", [](frmMain& f) -> std::int16_t& { return f.state.MaxDialAttempts; }, 5, true);
+}
+
+TEST(ResponseTimeout, ThirtyIsTheLeastAndTheLowBoundIsCheckedFirst) {
+    const int thirty = sid::MustEnterAtLeast30;
+    const NumberCase cases[] = {{"29", nullptr, thirty}, {"", nullptr, thirty},
+                                {"+", nullptr, thirty},  {"40000", nullptr, sid::NumberTooLarge},
+                                {"30", "30", 0},         {"+045", "45", 0}};
+    ExpectNumberRules<frmTimeout>(
+        cases, &frmTimeout::txtResponseSecs, &frmTimeout::cmdOK_Click, "txtResponseSecs", "Timeout",
+        [](frmMain& f) -> std::int16_t& { return f.ResponseTimeoutSecs; }, 30, false);
 }
 
 TEST(NumberFields, TakeDigitsPlusAndBackspaceAndSelectAllOnFocus) {

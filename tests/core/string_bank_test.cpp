@@ -38,21 +38,17 @@ TEST(Bank1, IdsAscendUniquelyWithinTheRangesInUse) {
     }
 }
 
+// Texts that no other test shows through the windows or the engine.
 TEST(Bank1, FixedIdsAndNamedIdsCarryTheirTexts) {
     const std::pair<int, const char*> cases[] = {
-        {1052, "Parlane"},
         {1225, "in Queue"},
         {1243, "Unknown"},
         {1324, "Message:"},
-        {1000, "&File"},
         {1029, "&Modems"},
         {1125, "Default Modem"},
         {1365, "Monitor SMSC"},
         {1931, "Originator Identification"},
         {sid::MenuModems, "&Properties"},
-        {sid::WaitingToSend, "Waiting to Send"},
-        {sid::NoMoreMessages, "There are no more messages in the queue"},
-        {sid::MessageSentSuccessfully, "Message Sent Successfully"},
         {sid::AbortedUnableToOpenLine, "Aborted - Unable to Open Line, Re-Starting Tapi"},
         {sid::DisclaimerCallingDevices,
          "This software controls external calling devices such as modems.  No liability is "

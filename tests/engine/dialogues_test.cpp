@@ -9,8 +9,8 @@
 namespace parlane {
 namespace {
 
-using testing::Compose;
 using testing::MakeProvider;
+using testing::QueueTexts;
 using testing::TestPlatform;
 
 // Answers the program: each rule fires once, in order, when the bytes written since the previous
@@ -56,34 +56,25 @@ struct ScriptedCentre {
     }
 };
 
+// Queues `texts` for one centre and sends them; the call connects when it is dialled.
+frmMain& StartCall(TestPlatform& p, int protocol, const std::vector<std::string>& texts,
+                   const std::string& password = "") {
+    auto centre = MakeProvider("Centre", protocol);
+    centre.Password = password;
+    p.writeProviders({centre});
+    auto& f = p.load();
+    QueueTexts(f, texts, "44", "07973", "123456");
+    f.mnuSend_Click();
+    p.loop.advance(Milliseconds(4000));
+    p.line.sendState(LINECALLSTATE_CONNECTED);
+    return f;
+}
+
 struct CallFixture : ::testing::Test {
     TestPlatform p;
     frmMain* f = nullptr;
-    void start(int protocol, std::vector<std::string> texts, const std::string& maxMessages = "3",
-               const std::string& password = "") {
-        auto centre = MakeProvider("Centre", protocol, maxMessages);
-        centre.Password = password;
-        p.writeProviders({centre});
-        f = &p.load();
-        for (const auto& t : texts) {
-            Compose(*f, t, "44", "07973", "123456");
-            f->mnuQueue_Click();
-        }
-        f->mnuSend_Click();
-        p.loop.advance(Milliseconds(4000));
-        p.line.sendState(LINECALLSTATE_CONNECTED);
-    }
-    std::vector<std::string> archiveStatuses() const {
-        std::vector<std::string> out;
-        for (const auto& name : p.archiveFiles()) {
-            const auto text = p.archiveFile(name);
-            const auto at = text.find("Status: \t") + 9;
-            out.push_back(text.substr(at, text.find('\r', at) - at));
-        }
-        return out;
-    }
-    bool saw(const std::string& status) const {
-        return std::find(p.statusLines.begin(), p.statusLines.end(), status) != p.statusLines.end();
+    void start(int protocol, std::vector<std::string> texts, const std::string& password = "") {
+        f = &StartCall(p, protocol, texts, password);
     }
     void finishCall() {
         p.loop.runUntil([&] { return !f->state.CallActive; });
@@ -94,8 +85,7 @@ struct CallFixture : ::testing::Test {
 TEST_F(CallFixture, TapOneMessageByteForByte) {
     ScriptedCentre centre(
         p, {{"\r", "ID="}, {"\x1BPG1pw\r", "\x1B[p"}, {"\x03", "\x06\r"}, {"\x04\r", "\x1B\x04"}});
-    p.line.onWrite = [&](const std::string& b) { centre.hear(b); };
-    start(ProtocolTap, {"Hello"}, "3", "pw");
+    start(ProtocolTap, {"Hello"}, "pw");
     ASSERT_TRUE(f->timSendCR.Enabled());
     p.loop.advance(Milliseconds(2000));  // the first nudge, two seconds after connection
     finishCall();
@@ -103,9 +93,9 @@ TEST_F(CallFixture, TapOneMessageByteForByte) {
               "\r\x1BPG1pw\r\x02"
               "447973123456\rHello\r\x03"
               "48:\r\x04\r");
-    EXPECT_EQ(archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
-    EXPECT_TRUE(saw("Logging On  "));
-    EXPECT_TRUE(saw("Sending Message #1  "));
+    EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+    EXPECT_TRUE(p.saw("Logging On  "));
+    EXPECT_TRUE(p.saw("Sending Message #1  "));
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
     EXPECT_NE(f->FromServer.find("ID="), std::string::npos);
     EXPECT_NE(f->FromServer.find("<6><13>"),
@@ -122,7 +112,7 @@ TEST_F(CallFixture, TapSeveralMessagesOneLogonAndARefusal) {
     start(ProtocolTap, {"one", "two", "three"});
     p.loop.advance(Milliseconds(2000));
     finishCall();
-    EXPECT_EQ(archiveStatuses(),
+    EXPECT_EQ(p.archiveStatuses(),
               (std::vector<std::string>{"Message Sent Successfully", "Message Rejected By SMSC",
                                         "Message Sent Successfully"}));
     std::size_t logons = 0;
@@ -137,7 +127,7 @@ TEST_F(CallFixture, TapBadPasswordKeepsTheMessageAndDialsAgain) {
     start(ProtocolTap, {"x"});
     p.loop.advance(Milliseconds(2000));
     finishCall();
-    EXPECT_TRUE(saw("Unrecognised Password  "));
+    EXPECT_TRUE(p.saw("Unrecognised Password  "));
     EXPECT_EQ(UpperBound(f->SendBuffer), 1);
     EXPECT_TRUE(p.archiveFiles().empty());
     p.loop.advance(Milliseconds(4000));
@@ -155,31 +145,16 @@ TEST_F(CallFixture, UcpFramesAndRepliesInPiecesAndLowerCase) {
                                    "\x02"
                                    "00/00022/R/01/N/02//0B\x03"}});
         centre.splitter = &random;
-        auto c = MakeProvider("U", ProtocolUcp);
-        q.writeProviders({c});
-        auto& g = q.load();
-        for (const char* t : {"Hi", "Ho"}) {
-            Compose(g, t, "44", "07973", "123456");
-            g.mnuQueue_Click();
-        }
-        g.mnuSend_Click();
-        q.loop.advance(Milliseconds(4000));
-        q.line.sendState(LINECALLSTATE_CONNECTED);
+        auto& g = StartCall(q, ProtocolUcp, {"Hi", "Ho"});
         q.loop.runUntil([&] { return !g.state.CallActive; });
         const std::string first =
             "\x02"
             "00/00045/O/01/00447973123456/12345//3/4869/94\x03";
         ASSERT_EQ(q.line.written.substr(0, first.size()), first) << round;
         ASSERT_EQ(UpperBound(g.SendBuffer), 0) << round;
-        std::vector<std::string> statuses;
-        for (const auto& name : q.archiveFiles()) {
-            const auto text = q.archiveFile(name);
-            const auto at = text.find("Status: \t") + 9;
-            statuses.push_back(text.substr(at, text.find('\r', at) - at));
-        }
         // A refusal keeps the status line's two blanks in the archive.
-        EXPECT_EQ(statuses, (std::vector<std::string>{"Message Sent Successfully",
-                                                      "Message Rejected By SMSC  "}))
+        EXPECT_EQ(q.archiveStatuses(), (std::vector<std::string>{"Message Sent Successfully",
+                                                                 "Message Rejected By SMSC  "}))
             << round;
     }
 }
@@ -227,15 +202,7 @@ TEST_F(CallFixture, MenuDialoguesTwoMessagesInOneCallUnderAnySplit) {
             TestPlatform q;
             ScriptedCentre centre(q, c.script);
             if (round > 0) centre.splitter = &random;
-            q.writeProviders({MakeProvider("M", c.protocol)});
-            auto& g = q.load();
-            for (const char* t : {"one", "two"}) {
-                Compose(g, t, "44", "07973", "123456");
-                g.mnuQueue_Click();
-            }
-            g.mnuSend_Click();
-            q.loop.advance(Milliseconds(4000));
-            q.line.sendState(LINECALLSTATE_CONNECTED);
+            auto& g = StartCall(q, c.protocol, {"one", "two"});
             centre.say(c.greeting);
             q.loop.runUntil([&] { return !g.state.CallActive; });
             EXPECT_EQ(q.line.written, c.expectedWrites) << c.name << " round " << round;
@@ -253,7 +220,7 @@ TEST_F(CallFixture, TimWalksBackAfterARefusalAndSignsOffWithQ) {
     start(ProtocolTim, {"one", "two"});
     centre.say("CMenu principale");
     finishCall();
-    EXPECT_EQ(archiveStatuses(),
+    EXPECT_EQ(p.archiveStatuses(),
               (std::vector<std::string>{"Message Rejected By SMSC", "Message Sent Successfully"}));
     const std::string& w = p.line.written;
     EXPECT_EQ(w.substr(w.size() - 3), "q\r\r");
@@ -266,16 +233,11 @@ TEST_F(CallFixture, CommonChecksRejectOnWordsAndPasswordWinsOverInvalid) {
     start(ProtocolVoda, {"x"});
     centre.say("NUMBER");
     finishCall();
-    EXPECT_EQ(archiveStatuses(), std::vector<std::string>{"Message Rejected By SMSC"});
+    EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Rejected By SMSC"});
 
     TestPlatform q;
-    q.writeProviders({MakeProvider("T", ProtocolTap)});
     ScriptedCentre tap(q, {{"\r", "ID="}, {"PG1", "password INVALID"}});
-    auto& g = q.load();
-    Compose(g, "y");
-    g.mnuSend_Click();
-    q.loop.advance(Milliseconds(4000));
-    q.line.sendState(LINECALLSTATE_CONNECTED);
+    auto& g = StartCall(q, ProtocolTap, {"y"});
     q.loop.runUntil([&] { return !g.state.CallActive; });
     EXPECT_TRUE(q.archiveFiles().empty());  // the password check emptied the buffer first
     EXPECT_EQ(UpperBound(g.SendBuffer), 1);

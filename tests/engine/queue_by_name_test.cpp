@@ -19,12 +19,9 @@ struct NameFixture : ::testing::Test {
     void SetUp() override {
         p.writeProviders(
             {MakeProvider("Alpha"), MakeProvider("BT Cellnet UK"), MakeProvider("Gamma")});
-        std::string error;
-        WriteFileAtomically(p.home / "phones.dat",
-                            SerializeDirectoryFile({{"Zoe", "44", "07", "111", "Gamma"},
-                                                    {"ann", "44", "07", "222", ""},
-                                                    {"Bob", "44", "07", "333", "Gone"}},
-                                                   error));
+        p.writeDirectory({{"Zoe", "44", "07", "111", "Gamma"},
+                          {"ann", "44", "07", "222", ""},
+                          {"Bob", "44", "07", "333", "Gone"}});
         f = &p.load();
     }
     std::string lastArchive() const {
@@ -149,9 +146,7 @@ TEST(CommandLine, StartSendsAndEndsByItselfAfterTheCall) {
         centre.AreaCode = "0800";
         centre.Number = "100100";
         p.writeProviders({centre});
-        std::string error;
-        WriteFileAtomically(p.home / "phones.dat",
-                            SerializeDirectoryFile({{"Ann", "44", "07700", "900123", ""}}, error));
+        p.writeDirectory({{"Ann", "44", "07700", "900123", ""}});
         auto& f = p.load();
         bool exited = false;
         f.onExit = [&] { exited = true; };

@@ -12,7 +12,9 @@ namespace {
 
 using testing::Compose;
 using testing::MakeProvider;
+using testing::QueueTexts;
 using testing::TestPlatform;
+using testing::Texts;
 
 TEST(Queue, ChecksInOrderThenQueuesWithRunningNumbers) {
     TestPlatform p;
@@ -101,10 +103,7 @@ TEST(QueueFile, SurvivesRestartAndIsDeletedOnLoad) {
     p.writeProviders({MakeProvider("Alpha")});
     {
         auto& f = p.load();
-        for (const char* text : {"one", "two"}) {
-            Compose(f, text);
-            f.mnuQueue_Click();
-        }
+        QueueTexts(f, {"one", "two"});
         f.Form_QueryUnload();
         f.Form_Unload();
         p.main.reset();
@@ -161,10 +160,7 @@ TEST(QueueFile, CrashLosesNothing) {
     p.writeProviders({MakeProvider("Alpha")});
     {
         auto& f = p.load();
-        for (const char* text : {"one", "two", "three"}) {
-            Compose(f, text);
-            f.mnuQueue_Click();
-        }
+        QueueTexts(f, {"one", "two", "three"});
         // A single-message run stashes the queue and is cut off by a crash mid-call.
         Compose(f, "urgent");
         f.mnuSendSingle_Click();
@@ -173,10 +169,7 @@ TEST(QueueFile, CrashLosesNothing) {
         p.main.reset();  // no query-unload: the process died
     }
     auto& f = p.load();
-    std::vector<std::string> texts;
-    for (int i = 1; i <= UpperBound(f.QueueBuffer); ++i)
-        texts.push_back(f.QueueBuffer[static_cast<std::size_t>(i)].Text);
-    EXPECT_EQ(texts, (std::vector<std::string>{"one", "two", "three", "urgent"}));
+    EXPECT_EQ(Texts(f.QueueBuffer), (std::vector<std::string>{"one", "two", "three", "urgent"}));
     EXPECT_EQ(f.MessageQueue.ListCount(), 4);
 }
 
@@ -184,8 +177,7 @@ TEST(QueueFile, CloseDuringSingleRunKeepsBoth) {
     TestPlatform p;
     p.writeProviders({MakeProvider("Alpha")});
     auto& f = p.load();
-    Compose(f, "waiting");
-    f.mnuQueue_Click();
+    QueueTexts(f, {"waiting"});
     Compose(f, "single");
     f.mnuSendSingle_Click();
     EXPECT_TRUE(f.MessageQueue.rows.size() == 1u);
@@ -203,10 +195,7 @@ TEST(SingleRun, StashedQueueComesBackAfterTheRun) {
     p.line.farEndHangUpAfterMs = 1000;
     auto& f = p.load();
     f.state.MaxDialAttempts = 1;
-    for (const char* text : {"a", "b"}) {
-        Compose(f, text);
-        f.mnuQueue_Click();
-    }
+    QueueTexts(f, {"a", "b"});
     Compose(f, "single");
     f.mnuSendSingle_Click();
     EXPECT_TRUE(std::filesystem::exists(p.home / "queue.dat"));

@@ -9,6 +9,7 @@ namespace {
 using testing::Compose;
 using testing::MakeProvider;
 using testing::TestPlatform;
+using testing::Texts;
 
 struct RunFixture : ::testing::Test {
     TestPlatform p;
@@ -21,15 +22,6 @@ struct RunFixture : ::testing::Test {
         Compose(*f, text);
         f->Services.select(centreRow);
         f->mnuQueue_Click();
-    }
-    std::vector<std::string> sendTexts() const {
-        std::vector<std::string> out;
-        for (int i = 1; i <= UpperBound(f->SendBuffer); ++i)
-            out.push_back(f->SendBuffer[static_cast<std::size_t>(i)].Text);
-        return out;
-    }
-    bool saw(const std::string& status) const {
-        return std::find(p.statusLines.begin(), p.statusLines.end(), status) != p.statusLines.end();
     }
 };
 
@@ -71,9 +63,9 @@ TEST_F(RunFixture, DialAttemptsRunOutAndTheMessageIsArchived) {
     p.loop.runUntil(
         [&] { return f->lblInfo.Caption == "There are no more messages in the queue  "; });
     EXPECT_EQ(p.line.dialled.size(), 3u);
-    EXPECT_TRUE(saw("Failed - Dialling Again  2  "));
-    EXPECT_TRUE(saw("Failed - Dialling Again  3  "));
-    EXPECT_TRUE(saw("Message #1 Aborted - Maximum Dial Attempts Exceeded  "));
+    EXPECT_TRUE(p.saw("Failed - Dialling Again  2  "));
+    EXPECT_TRUE(p.saw("Failed - Dialling Again  3  "));
+    EXPECT_TRUE(p.saw("Message #1 Aborted - Maximum Dial Attempts Exceeded  "));
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
     const auto files = p.archiveFiles();
     ASSERT_EQ(files.size(), 1u);
@@ -105,7 +97,7 @@ TEST_F(RunFixture, UnknownCentreEndsTheRunWithoutGapsOrLoss) {
     f->QueueBuffer[2].ProviderName = "Gone";
     f->mnuSend_Click();
     p.loop.advance(Milliseconds(4000));
-    EXPECT_TRUE(saw("Unknown SMSC  "));
+    EXPECT_TRUE(p.saw("Unknown SMSC  "));
     EXPECT_EQ(f->lblInfo.Caption, "There are no more messages in the queue  ");
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
     ASSERT_EQ(UpperBound(f->QueueBuffer), 2);
@@ -127,10 +119,7 @@ TEST_F(RunFixture, StopYesSavesTheRestBackBehindNothingAndKeepsLateArrivals) {
     ASSERT_EQ(p.dialogues.shown.size(), 1u);
     EXPECT_EQ(p.dialogues.shown[0].flags, MbQuestionYesNo);
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
-    std::vector<std::string> texts;
-    for (int i = 1; i <= UpperBound(f->QueueBuffer); ++i)
-        texts.push_back(f->QueueBuffer[static_cast<std::size_t>(i)].Text);
-    EXPECT_EQ(texts, (std::vector<std::string>{"m2", "m3", "late"}));
+    EXPECT_EQ(Texts(f->QueueBuffer), (std::vector<std::string>{"m2", "m3", "late"}));
     EXPECT_EQ(f->lblInfo.Caption, "3 Messages in Queue");
     EXPECT_EQ(f->txtMessageQueue.Text, "m2");
     EXPECT_FALSE(f->timSendMessages.Enabled());
@@ -149,8 +138,8 @@ TEST_F(RunFixture, StopNoGivesTheHeadUpAtTheNextDialAndGoesOn) {
     f->mnuHangUp_Click();
     EXPECT_TRUE(f->timSendMessages.Enabled());
     p.loop.advance(Milliseconds(4000));
-    EXPECT_TRUE(saw("Message #1 Aborted - User Pressed Stop  "));
-    EXPECT_EQ(sendTexts(), std::vector<std::string>{"m2"});
+    EXPECT_TRUE(p.saw("Message #1 Aborted - User Pressed Stop  "));
+    EXPECT_EQ(Texts(f->SendBuffer), std::vector<std::string>{"m2"});
     EXPECT_EQ(f->state.StopPressed, 0);
     p.loop.advance(Milliseconds(4000));
     EXPECT_EQ(p.line.dialled.size(), 2u);  // m2 is dialled
@@ -162,11 +151,11 @@ TEST_F(RunFixture, SafetyLimitCutsTheThirdMinuteAndCarriesMinutesOver) {
     f->mnuSend_Click();
     p.loop.advance(Milliseconds(4000));  // dialled at 4 s
     p.loop.advance(Milliseconds(179999));
-    EXPECT_FALSE(saw("Timed Out  "));
+    EXPECT_FALSE(p.saw("Timed Out  "));
     p.loop.advance(Milliseconds(1));
-    EXPECT_TRUE(saw("Timed Out  "));
+    EXPECT_TRUE(p.saw("Timed Out  "));
     EXPECT_EQ(f->state.counters.SafetyMinutes, 0);
-    EXPECT_EQ(sendTexts(), std::vector<std::string>{"slow"});  // stays at the head
+    EXPECT_EQ(Texts(f->SendBuffer), std::vector<std::string>{"slow"});  // stays at the head
     ASSERT_EQ(p.archiveFiles().size(), 1u);
     EXPECT_NE(p.archiveFile(p.archiveFiles()[0]).find("Message Sending Timed Out"),
               std::string::npos);
@@ -187,7 +176,7 @@ TEST_F(RunFixture, LineInUseWaitsWithoutCountingAndStopEndsTheWait) {
     // The waits run inside the dial step: two 10 s waits, then the call is placed.
     p.loop.advance(Milliseconds(4000));
     EXPECT_EQ(p.loop.now().count(), 24000);
-    EXPECT_TRUE(saw("Line In Use  "));
+    EXPECT_TRUE(p.saw("Line In Use  "));
     EXPECT_EQ(p.line.dialled.size(), 3u);
     EXPECT_EQ(f->state.counters.DialAttempts, 0);
     EXPECT_FALSE(f->state.LineInUseRetry);
@@ -206,9 +195,7 @@ TEST_F(RunFixture, LineInUseWaitsWithoutCountingAndStopEndsTheWait) {
     q.loop.advance(Milliseconds(20000));
     EXPECT_EQ(q.line.dialled.size(), 1u);
     EXPECT_EQ(UpperBound(g.SendBuffer), 0);
-    EXPECT_NE(std::find(q.statusLines.begin(), q.statusLines.end(),
-                        "Message #1 Aborted - User Pressed Stop  "),
-              q.statusLines.end());
+    EXPECT_TRUE(q.saw("Message #1 Aborted - User Pressed Stop  "));
     EXPECT_EQ(g.lblInfo.Caption, "There are no more messages in the queue  ");
 }
 
@@ -236,7 +223,7 @@ TEST_F(RunFixture, FailedLineSetupEndsTheAttemptAndTheRunGoesOn) {
     queue("x");
     f->mnuSend_Click();
     p.loop.advance(Milliseconds(4000 * 4));
-    EXPECT_TRUE(saw("Message #1 Aborted - Maximum Dial Attempts Exceeded  "));
+    EXPECT_TRUE(p.saw("Message #1 Aborted - Maximum Dial Attempts Exceeded  "));
     EXPECT_TRUE(p.line.dialled.empty());
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
 
@@ -247,9 +234,7 @@ TEST_F(RunFixture, FailedLineSetupEndsTheAttemptAndTheRunGoesOn) {
     Compose(g, "y");
     g.mnuSend_Click();
     q.loop.advance(Milliseconds(4000));
-    EXPECT_NE(
-        std::find(q.statusLines.begin(), q.statusLines.end(), "Unable to Open Line - Retrying  "),
-        q.statusLines.end());
+    EXPECT_TRUE(q.saw("Unable to Open Line - Retrying  "));
     EXPECT_EQ(UpperBound(g.SendBuffer), 0);
     EXPECT_NE(std::find(q.line.log.begin(), q.line.log.end(), "shutdown"), q.line.log.end());
 }
@@ -266,7 +251,7 @@ TEST_F(RunFixture, BlockRuleCarriesItsCountAcrossCalls) {
     }
     EXPECT_EQ(more, (std::vector<bool>{true, true, false, true, false}));
     EXPECT_EQ(f->state.counters.BlockMessagesInCall, 1);
-    EXPECT_TRUE(saw("Sending Message #5  "));
+    EXPECT_TRUE(p.saw("Sending Message #5  "));
 }
 
 }  // namespace

@@ -7,14 +7,13 @@
 namespace parlane {
 namespace {
 
-using testing::Compose;
 using testing::MakeProvider;
+using testing::QueueTexts;
 using testing::TestPlatform;
 
 struct Road {
     std::vector<std::string> statuses;  // archive statuses, in file order
     long long seconds = 0;              // virtual time the run took
-    int dials = 0;
 };
 
 Road Drive(int protocol, const std::string& number, int messages,
@@ -27,26 +26,12 @@ Road Drive(int protocol, const std::string& number, int messages,
     centre.Password = password;
     p.writeProviders({centre});
     auto& f = p.load();
-    int dials = 0;
-    for (int i = 1; i <= messages; ++i) {
-        Compose(f, "Message number " + std::to_string(i) + " [ok]", "44", "07700", "900123");
-        f.mnuQueue_Click();
-    }
+    for (int i = 1; i <= messages; ++i)
+        QueueTexts(f, {"Message number " + std::to_string(i) + " [ok]"}, "44", "07700", "900123");
     f.mnuSend_Click();
-    const std::string done = "There are no more messages in the queue  ";
-    EXPECT_TRUE(p.loop.runUntil([&] {
-        dials = static_cast<int>(f.state.counters.DialAttempts);
-        return f.lblInfo.Caption == done;
-    }));
-    Road road;
-    road.seconds = p.loop.now().count() / 1000;
-    for (const auto& name : p.archiveFiles()) {
-        const auto text = p.archiveFile(name);
-        const auto at = text.find("Status: \t") + 9;
-        road.statuses.push_back(text.substr(at, text.find('\r', at) - at));
-    }
-    road.dials = dials;
-    return road;
+    EXPECT_TRUE(p.loop.runUntil(
+        [&] { return f.lblInfo.Caption == "There are no more messages in the queue  "; }));
+    return {p.archiveStatuses(), p.loop.now().count() / 1000};
 }
 
 TEST(SimulatedRoad, EveryDialogueDeliversThroughEveryFaultOfTheLine) {

@@ -3,22 +3,14 @@
 #include "core/strings.h"
 #include "exchange/frm_backup.h"
 #include "exchange/frm_restore.h"
-#include "exchange_test_support.h"
 #include "store/directory.h"
+#include "support/temp_files.h"
 
 namespace parlane {
 namespace {
 
-using namespace exchange_test;
+using namespace testing;
 namespace fs = std::filesystem;
-
-class PickedFolder : public FolderChooser {
-  public:
-    std::optional<fs::path> chooseFolder(const std::string&, const fs::path&) override {
-        return folder;
-    }
-    std::optional<fs::path> folder;
-};
 
 std::string Names(const std::vector<std::string>& names) {
     std::string error;

@@ -4,25 +4,12 @@
 
 #include "core/strings.h"
 #include "exchange/frm_import.h"
-#include "exchange_test_support.h"
+#include "support/temp_files.h"
 
 namespace parlane {
 namespace {
 
-using namespace exchange_test;
-
-class PickedFile : public OpenFileChooser {
-  public:
-    std::optional<std::filesystem::path> chooseOpenFile(const std::string& title,
-                                                        const std::filesystem::path& start,
-                                                        const std::string& defaultName,
-                                                        const std::string& filter) override {
-        asked = title + "|" + start.string() + "|" + defaultName + "|" + filter;
-        return file;
-    }
-    std::optional<std::filesystem::path> file;
-    std::string asked;
-};
+using namespace testing;
 
 // "Ann", "44", "07", "1234" with no centre, as phones.dat holds it.
 const std::string kAnn(

@@ -4,6 +4,7 @@
 #include <memory>
 #include <regex>
 #include <tuple>
+#include <typeindex>
 
 #include "core/cp1252.h"
 #include "core/virtual_event_loop.h"
@@ -324,15 +325,11 @@ TEST(SimulatedMenuCentres, TimWalksBackToTheFormForEachMessage) {
 // ---- Number plan ----
 
 TEST(CentreNumberPlan, LastDigitsPickTheCentreTheFaultAndTheVariant) {
-    enum Kind { Tap, Ucp, Voda, Orange, Tim, Libertel, Nobody };
-    auto kindOf = [](const SimulatedCentre* c) {
-        if (dynamic_cast<const SimulatedTapCentre*>(c)) return Tap;
-        if (dynamic_cast<const SimulatedUcpCentre*>(c)) return Ucp;
-        if (dynamic_cast<const SimulatedLibertelCentre*>(c)) return Libertel;
-        if (dynamic_cast<const SimulatedVodaCentre*>(c)) return Voda;
-        if (dynamic_cast<const SimulatedOrangeCentre*>(c)) return Orange;
-        return dynamic_cast<const SimulatedTimCentre*>(c) ? Tim : Nobody;
-    };
+    using Kind = std::type_index;
+    const Kind Tap = typeid(SimulatedTapCentre), Ucp = typeid(SimulatedUcpCentre),
+               Voda = typeid(SimulatedVodaCentre), Orange = typeid(SimulatedOrangeCentre),
+               Tim = typeid(SimulatedTimCentre), Libertel = typeid(SimulatedLibertelCentre),
+               Nobody = typeid(void);
     auto faults = [](const LineBehaviour& b) {
         return std::tuple(b.busyAttempts, b.noAnswer, b.dropAfterMs, b.noise, b.splitChunks,
                           b.burstBytes);
@@ -363,7 +360,8 @@ TEST(CentreNumberPlan, LastDigitsPickTheCentreTheFaultAndTheVariant) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.number);
         const CentreChoice choice = CentreForNumber(c.number, 1);
-        EXPECT_EQ(kindOf(choice.centre.get()), c.kind);
+        const SimulatedCentre* centre = choice.centre.get();
+        EXPECT_EQ(centre ? Kind(typeid(*centre)) : Nobody, c.kind);
         EXPECT_EQ(faults(choice.line), faults(c.line));
         EXPECT_FALSE(choice.description.empty());
     }

@@ -7,35 +7,17 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <fstream>
 
 #include "exchange/frm_backup.h"
 #include "qt/qt_file_choosers.h"
 #include "store/directory.h"
+#include "support/temp_files.h"
 #include "support/test_platform.h"
 
 namespace parlane {
 namespace {
 
-class FixedFile : public OpenFileChooser {
-  public:
-    std::optional<std::filesystem::path> chooseOpenFile(const std::string&,
-                                                        const std::filesystem::path&,
-                                                        const std::string&,
-                                                        const std::string&) override {
-        return file;
-    }
-    std::filesystem::path file;
-};
-
-std::string ReadAll(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-void Write(const std::filesystem::path& path, const std::string& bytes) {
-    std::ofstream(path, std::ios::binary) << bytes;
-}
+using namespace testing;
 
 void Click(QDialog& dialog, const char* name) {
     auto* button = dialog.findChild<QAbstractButton*>(name);
@@ -46,12 +28,9 @@ void Click(QDialog& dialog, const char* name) {
 
 TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
     testing::TestPlatform p;
-    std::string error;
-    Write(p.home / "phones.dat",
-          SerializeDirectoryFile(
-              {{"Ann", "44", "07", "1234", "Voda"}, {"Bob", "31", "", "555", ""}}, error));
+    p.writeDirectory({{"Ann", "44", "07", "1234", "Voda"}, {"Bob", "31", "", "555", ""}});
     auto& form = p.load();
-    FixedFile chooser;
+    PickedFile chooser;
     {
         ImportDialog wizard(nullptr, form, chooser);
         wizard.show();
@@ -61,15 +40,16 @@ TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
         EXPECT_EQ(wizard.result(), QDialog::Accepted);
         EXPECT_FALSE(wizard.isVisible());
     }
-    EXPECT_EQ(ReadAll(p.home / "phones.csv"),
+    EXPECT_EQ(ReadBytes(p.home / "phones.csv"),
               "\"Name\",\"CountryCode\",\"AreaCode\",\"PhoneNumber\"\r\n"
               "\"Ann\",\"+44\",\"07\",\"1234\"\r\n"
               "\"Bob\",\"+31\",\"\",\"555\"\r\n");
 
     // The exported file with one new name and a duplicate differing in case.
     chooser.file = p.home / "in.csv";
-    Write(chooser.file, ReadAll(p.home / "phones.csv") + "\"Cid\",\"+1\",\"(2)\",\"3-4\"\r\n" +
-                            "\"ann\",\"9\",\"9\",\"9\"\r\n");
+    WriteBytes(*chooser.file, ReadBytes(p.home / "phones.csv") +
+                                  "\"Cid\",\"+1\",\"(2)\",\"3-4\"\r\n" +
+                                  "\"ann\",\"9\",\"9\",\"9\"\r\n");
     ImportDialog wizard(nullptr, form, chooser);
     wizard.show();
     Click(wizard, "optImport");
@@ -86,34 +66,25 @@ TEST(QtImportWizard, ExportsAndImportsThroughItsButtons) {
     EXPECT_TRUE(std::filesystem::exists(p.home / "phones.bak"));
 }
 
-class FixedFolder : public FolderChooser {
-  public:
-    std::optional<std::filesystem::path> chooseFolder(const std::string&,
-                                                      const std::filesystem::path&) override {
-        return folder;
-    }
-    std::filesystem::path folder;
-};
-
 TEST(QtBackupWindow, BrowseShowsTheFolderAndOkCopiesIntoIt) {
     testing::TestPlatform p;
-    std::string error;
-    Write(p.home / "phones.dat", SerializeDirectoryFile({{"Ann", "44", "07", "1234", ""}}, error));
+    p.writeDirectory({{"Ann", "44", "07", "1234", ""}});
     auto& form = p.load();
-    FixedFolder chooser;
-    chooser.folder = p.home / "backup";
-    std::filesystem::create_directories(chooser.folder);
+    PickedFolder chooser;
+    const auto folder = p.home / "backup";
+    chooser.folder = folder;
+    std::filesystem::create_directories(folder);
     frmBackup model(p.home, "/", form.globals().strings, p.dialogues, chooser);
     model.Form_Load();
     TableCopyDialog window(nullptr, "frmBackup", model, [&model] { model.cmdOK_Click(); });
     window.show();
     Click(window, "cmdBrowse");
-    EXPECT_EQ(window.findChild<QLineEdit*>("Dir1")->text(), PathToQt(chooser.folder));
+    EXPECT_EQ(window.findChild<QLineEdit*>("Dir1")->text(), PathToQt(folder));
     Click(window, "cmdOK");
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(ReadAll(chooser.folder / "phones.dat"), ReadAll(p.home / "phones.dat"));
-    EXPECT_NE(ReadAll(chooser.folder / "phones.dat"), "");
-    EXPECT_TRUE(std::filesystem::exists(chooser.folder / "group.dat"));
+    EXPECT_EQ(ReadBytes(folder / "phones.dat"), ReadBytes(p.home / "phones.dat"));
+    EXPECT_NE(ReadBytes(folder / "phones.dat"), "");
+    EXPECT_TRUE(std::filesystem::exists(folder / "group.dat"));
 }
 
 TEST(QtFileChoosers, FiltersInQtsFormAndCancelWithNoScreen) {

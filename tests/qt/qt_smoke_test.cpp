@@ -51,12 +51,6 @@ TEST(QtMainWindow, TypedTextReachesTheModelAndQueueRunsThroughIt) {
     window.findChild<QAction*>("mnuQueue")->trigger();
     EXPECT_EQ(p.dialogues.shown.size(), 1u);
     EXPECT_TRUE(message->hasFocus() || QApplication::focusWidget() == nullptr);
-
-    window.findChild<QAction*>("mnuSend")->trigger();
-    p.loop.advance(Milliseconds(4000));
-    window.controlsChanged();
-    EXPECT_FALSE(window.findChild<QAction*>("mnuSend")->isEnabled());
-    EXPECT_TRUE(window.findChild<QAction*>("mnuHangUp")->isEnabled());
 }
 
 TEST(QtSettings, IniKeepsEveryByteAndMissingKeysAreMissing) {

@@ -69,17 +69,5 @@ TEST(SortSendBuffer, GivesExactlyTheResultOfTheProcedureAsWritten) {
     }
 }
 
-TEST(SortSendBuffer, MarkerStaysAndCentresGroup) {
-    MessageTable table = EmptyMessageTable();
-    table[0].Text = "marker";
-    for (int index : {2, 0, 1}) table.push_back({"", "", "", "", index, index, ""});
-    int lo = 0, hi = 0;
-    SortSendBuffer(table, lo, hi);
-    EXPECT_EQ(table[0].Text, "marker");
-    EXPECT_EQ(table[1].ProviderIndex, 0);
-    EXPECT_EQ(table[2].ProviderIndex, 1);
-    EXPECT_EQ(table[3].ProviderIndex, 2);
-}
-
 }  // namespace
 }  // namespace parlane

@@ -45,11 +45,6 @@ void PtyModemEmulator::setAnswer(Answer answer) {
     answer_ = answer;
 }
 
-void PtyModemEmulator::setConnectDelay(Milliseconds delay) {
-    std::lock_guard lock(mutex_);
-    connectDelay_ = delay;
-}
-
 void PtyModemEmulator::vanish() {
     std::lock_guard lock(mutex_);
     tasks_.push_back([this] {
@@ -82,10 +77,6 @@ int PtyModemEmulator::accepted() const {
     int total = 0;
     for (const auto& c : centres_) total += c->acceptedCount();
     return total;
-}
-PtyModemEmulator::Times PtyModemEmulator::times() const {
-    std::lock_guard lock(mutex_);
-    return times_;
 }
 
 void PtyModemEmulator::threadMain() {
@@ -161,13 +152,8 @@ void PtyModemEmulator::write(const std::string& bytes) {
 }
 
 void PtyModemEmulator::sendToProgram(std::string bytes) {
-    // Called by the centres on this thread, or by a test on its own.
-    const bool ownThread = std::this_thread::get_id() == thread_.get_id();
-    std::unique_lock lock(mutex_, std::defer_lock);
-    if (!ownThread) lock.lock();
-    if (!dataMode_ && ownThread) return;
-    if (times_.firstToProgram == Clock::time_point{}) times_.firstToProgram = Clock::now();
-    write(bytes);
+    // From the centre, on this thread; nothing reaches the program in command mode.
+    if (dataMode_) write(bytes);
 }
 
 void PtyModemEmulator::result(const char* text, int code) {
@@ -214,7 +200,6 @@ void PtyModemEmulator::onBytes(const char* data, std::size_t n) {
 
 void PtyModemEmulator::onDataBytes(const char* data, std::size_t n) {
     const auto now = Clock::now();
-    if (times_.firstFromProgram == Clock::time_point{}) times_.firstFromProgram = now;
     std::string forward;
     for (std::size_t i = 0; i < n; ++i) {
         const char c = data[i];
@@ -295,8 +280,6 @@ void PtyModemEmulator::onCommandLine(const std::string& raw) {
                 std::string digits;
                 for (char d : dialled_)
                     if (std::isdigit(static_cast<unsigned char>(d))) digits += d;
-                times_ = Times{};
-                times_.dial = Clock::now();
                 dialPending_ = true;
                 const auto generation = ++callGeneration_;
                 schedule(connectDelay_, [this, generation, digits] {
@@ -307,8 +290,6 @@ void PtyModemEmulator::onCommandLine(const std::string& raw) {
                             return result("BUSY", 7);
                         case Answer::NoCarrier:
                             return result("NO CARRIER", 3);
-                        case Answer::NoAnswer:
-                            return result("NO ANSWER", 8);
                         case Answer::Connect:
                             break;
                     }
@@ -316,7 +297,6 @@ void PtyModemEmulator::onCommandLine(const std::string& raw) {
                     callUp_ = dataMode_ = true;
                     lastData_ = Clock::now();
                     result("CONNECT 33600", 1);
-                    times_.connect = Clock::now();
                     if (!choice.centre) return;
                     centres_.push_back(std::move(choice.centre));
                     centre_ = centres_.back().get();

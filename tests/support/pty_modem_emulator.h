@@ -8,7 +8,6 @@
 // Everything runs on the emulator's own thread, under one mutex that the getters also take.
 
 #include <chrono>
-#include <condition_variable>
 #include <functional>
 #include <map>
 #include <memory>
@@ -24,7 +23,7 @@ namespace parlane::testing {
 class PtyModemEmulator : private CentreLink {
   public:
     using Clock = std::chrono::steady_clock;
-    enum class Answer { Connect, Busy, NoCarrier, NoAnswer };
+    enum class Answer { Connect, Busy, NoCarrier };
 
     PtyModemEmulator();
     ~PtyModemEmulator() override;
@@ -33,9 +32,6 @@ class PtyModemEmulator : private CentreLink {
 
     const std::string& devicePath() const { return slavePath_; }
     void setAnswer(Answer answer);
-    void setConnectDelay(Milliseconds delay);
-    // Bytes towards the program, now, whatever the mode.
-    void sendToProgram(std::string bytes) override;
     // The device disappears (the master side closes).
     void vanish();
 
@@ -44,10 +40,6 @@ class PtyModemEmulator : private CentreLink {
     bool callUp() const;
     int hangUps() const;   // calls ended by ATH or by the port closing
     int accepted() const;  // messages accepted by the centres, all calls
-    struct Times {
-        Clock::time_point dial, connect, firstFromProgram, firstToProgram;
-    };
-    Times times() const;  // of the last call
 
   private:
     void threadMain();
@@ -59,6 +51,7 @@ class PtyModemEmulator : private CentreLink {
     void endCall();
     void schedule(Milliseconds delay, std::function<void()> fn);
     // CentreLink.
+    void sendToProgram(std::string bytes) override;
     void after(Milliseconds delay, std::function<void()> fn) override;
     void hangUp() override;
 
@@ -73,7 +66,7 @@ class PtyModemEmulator : private CentreLink {
     std::vector<std::function<void()>> tasks_;
 
     Answer answer_ = Answer::Connect;
-    Milliseconds connectDelay_{300};
+    const Milliseconds connectDelay_{300};
     Milliseconds guard_{900};  // a little under the usual second, to allow for scheduling
     bool echo_ = true, verbose_ = true, dataMode_ = false, callUp_ = false, dialPending_ = false;
     std::string line_;
@@ -86,7 +79,6 @@ class PtyModemEmulator : private CentreLink {
     std::vector<std::unique_ptr<SimulatedCentre>> centres_;
     SimulatedCentre* centre_ = nullptr;
     int hangUps_ = 0;
-    Times times_{};
 };
 
 }  // namespace parlane::testing

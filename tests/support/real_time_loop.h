@@ -30,8 +30,6 @@ class RealTimeLoop : public EventLoop {
     Milliseconds now() const override;
     WallClockMs wallClock() const override;
 
-    void setRunUntilLimit(Milliseconds limit) { limit_ = limit; }
-
   private:
     using Clock = std::chrono::steady_clock;
     struct TimerSlot {
@@ -45,7 +43,7 @@ class RealTimeLoop : public EventLoop {
     bool runDue();
 
     Clock::time_point start_;
-    Milliseconds limit_{30000};
+    const Milliseconds limit_{30000};
     std::vector<TimerSlot> timers_;
     std::multimap<Clock::time_point, std::function<void()>> oneShots_;
     std::mutex mutex_;

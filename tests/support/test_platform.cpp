@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <random>
 
 #include "core/file_io.h"
 #include "line/modem_config.h"
@@ -53,7 +52,7 @@ std::int32_t FakeLine::lineOpen(std::uint32_t device, std::uint32_t& line) {
 std::int32_t FakeLine::lineSetDevConfig(std::uint32_t, const std::vector<std::uint8_t>& config,
                                         const std::string&) {
     log.push_back("set dev config " + std::to_string(config.size()));
-    return setDevConfigResult;
+    return 0;
 }
 std::int32_t FakeLine::lineTranslateAddress(std::uint32_t, const std::string& canonical,
                                             std::string& dialable) {
@@ -98,7 +97,7 @@ std::int32_t FakeLine::lineClose(std::uint32_t) {
     return 0;
 }
 std::int32_t FakeLine::tapiGetLocationInfo(std::string& code, std::string& city) {
-    code = countryCode;
+    code = "44";
     city.clear();
     return 0;
 }
@@ -125,11 +124,11 @@ std::int32_t FakeLine::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t
 }
 std::int32_t FakeLine::lineTranslateDialog(std::uint32_t device, std::uintptr_t) {
     log.push_back("translate dialog " + std::to_string(device));
-    return translateDialogResult;
+    return 0;
 }
 std::int32_t FakeLine::lineConfigProvider(std::uintptr_t, std::uint32_t providerId) {
     log.push_back("config provider " + std::to_string(providerId));
-    return configProviderResult;
+    return 0;
 }
 bool FakeLine::OpenCommunicationsPort(std::intptr_t, std::function<void(std::int32_t)> cb) {
     log.push_back("open port");
@@ -172,28 +171,16 @@ struct TestPlatform::Recorder : FormObserver {
     std::vector<std::string>& lines_;
 };
 
-TestPlatform::TestPlatform(std::filesystem::path homeFolder) {
-    if (homeFolder.empty()) {
-        std::random_device rd;
-        home = std::filesystem::temp_directory_path() /
-               ("parlane-test-" + std::to_string(rd()) + std::to_string(rd()));
-        ownsHome = true;
-    } else {
-        home = std::move(homeFolder);
-    }
-    std::filesystem::create_directories(home);
+TestPlatform::TestPlatform() {
     // A modem has been chosen already; the tests of that choice clear these.
     settings.write("Parlane", "FirstRun", "Modem", "4");
     settings.write("Parlane", "Modem", "Index", "0");
     settings.write("Parlane", "Modem", "Name", "Simulated modem");
 }
 
+// The window goes before the recorder it reports to, and both before the home.
 TestPlatform::~TestPlatform() {
     main.reset();
-    if (ownsHome) {
-        std::error_code ec;
-        std::filesystem::remove_all(home, ec);
-    }
 }
 
 frmMain& TestPlatform::load() {
@@ -219,6 +206,11 @@ void TestPlatform::writeProviders(const std::vector<Provider>& providers) {
     WriteFileAtomically(home / "smsc.dat", SerializeProviderFile(providers, error));
 }
 
+void TestPlatform::writeDirectory(const std::vector<DirectoryEntry>& entries) {
+    std::string error;
+    WriteFileAtomically(home / "phones.dat", SerializeDirectoryFile(entries, error));
+}
+
 std::vector<std::string> TestPlatform::archiveFiles() const {
     std::vector<std::string> names;
     std::error_code ec;
@@ -230,6 +222,20 @@ std::vector<std::string> TestPlatform::archiveFiles() const {
 
 std::string TestPlatform::archiveFile(const std::string& name) const {
     return ReadWholeFile(home / "SMS" / "Outbox" / name).value_or("<missing>");
+}
+
+std::vector<std::string> TestPlatform::archiveStatuses() const {
+    std::vector<std::string> out;
+    for (const auto& name : archiveFiles()) {
+        const auto text = archiveFile(name);
+        const auto at = text.find("Status: \t") + 9;
+        out.push_back(text.substr(at, text.find('\r', at) - at));
+    }
+    return out;
+}
+
+bool TestPlatform::saw(const std::string& status) const {
+    return std::find(statusLines.begin(), statusLines.end(), status) != statusLines.end();
 }
 
 Provider MakeProvider(const std::string& name, int protocol, const std::string& maxMessages,
@@ -255,6 +261,20 @@ void Compose(frmMain& form, const std::string& text, const std::string& country,
     form.txtCountryCode.Text = country;
     form.txtAreaCode.Text = area;
     form.txtNumber.Text = number;
+}
+
+std::vector<std::string> Texts(const MessageTable& table) {
+    std::vector<std::string> texts;
+    for (std::size_t i = 1; i < table.size(); ++i) texts.push_back(table[i].Text);
+    return texts;
+}
+
+void QueueTexts(frmMain& form, const std::vector<std::string>& texts, const std::string& country,
+                const std::string& area, const std::string& number) {
+    for (const auto& text : texts) {
+        Compose(form, text, country, area, number);
+        form.mnuQueue_Click();
+    }
 }
 
 }  // namespace parlane::testing

@@ -14,6 +14,7 @@
 #include "line/serial_link.h"
 #include "line/simulated_modem.h"
 #include "line/telephony.h"
+#include "support/temp_files.h"
 #include "ui/frm_main.h"
 
 namespace parlane::testing {
@@ -93,7 +94,6 @@ class FakeLine : public TapiProvider, public SerialLink {
     std::vector<std::string> dialled;          // dialable strings of placed calls
     std::deque<PlaceCallResult> placeResults;  // Placed when empty
     bool openLineSucceeds = true;
-    std::int32_t setDevConfigResult = 0;
     std::int32_t translateResult = 0;
     // The device block: what lineGetDevConfig answers (results in order, 0 when none are left),
     // what a successful lineConfigDialogEdit gives back and the block it was last given.
@@ -102,9 +102,6 @@ class FakeLine : public TapiProvider, public SerialLink {
     std::int32_t configDialogEditResult = 0;
     std::vector<std::uint8_t> editedDevConfig;
     std::vector<std::uint8_t> editInput;
-    std::int32_t translateDialogResult = 0;
-    std::int32_t configProviderResult = 0;
-    std::string countryCode = "44";
     bool portOpen = false;
     // When set, every placed call connects after this delay and hangs up at the far end after
     // `farEndHangUpAfter` (0: never).
@@ -116,22 +113,25 @@ class FakeLine : public TapiProvider, public SerialLink {
 };
 
 struct TestPlatform {
-    explicit TestPlatform(std::filesystem::path homeFolder = {});
+    TestPlatform();
     ~TestPlatform();
     // Builds (once) and loads the main window.
     frmMain& load();
-    frmMain& form() { return *main; }
     // Call before load(): the window then dials through the simulated modem and its centres.
     void useSimulatedModem();
 
-    // Writes smsc.dat into the home.
+    // Write smsc.dat and phones.dat into the home.
     void writeProviders(const std::vector<Provider>& providers);
+    void writeDirectory(const std::vector<DirectoryEntry>& entries);
     // Names of the files in SMS/Outbox, sorted.
     std::vector<std::string> archiveFiles() const;
     std::string archiveFile(const std::string& name) const;
+    // The status written in each archive file, in file order.
+    std::vector<std::string> archiveStatuses() const;
+    bool saw(const std::string& status) const;  // shown on the status line at some time
 
-    std::filesystem::path home;
-    bool ownsHome = false;
+    TempFolder homeFolder;
+    std::filesystem::path home = homeFolder.path();
     VirtualEventLoop loop;
     MemorySettingsStore settings;
     ScriptedDialogues dialogues;
@@ -154,5 +154,12 @@ Provider MakeProvider(const std::string& name, int protocol = ProtocolTap,
 // Fills the compose panel.
 void Compose(frmMain& form, const std::string& text, const std::string& country = "44",
              const std::string& area = "07", const std::string& number = "1234");
+// The texts of a queue or send buffer, without the placeholder at 0.
+std::vector<std::string> Texts(const MessageTable& table);
+
+// Composes and queues each text in turn, all to one number.
+void QueueTexts(frmMain& form, const std::vector<std::string>& texts,
+                const std::string& country = "44", const std::string& area = "07",
+                const std::string& number = "1234");
 
 }  // namespace parlane::testing

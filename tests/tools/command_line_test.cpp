@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "core/file_io.h"
+#include "support/temp_files.h"
 
 namespace parlane::data {
 namespace {
@@ -15,23 +16,15 @@ namespace fs = std::filesystem;
 
 class DataToolCommand : public ::testing::Test {
   protected:
-    DataToolCommand() : dir_(fs::temp_directory_path() / ("parlane-data-test-" + Name())) {
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    ~DataToolCommand() override { fs::remove_all(dir_); }
-    static std::string Name() {
-        return ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    }
     int Run(const std::vector<std::string>& args, const std::string& input = "") {
         std::istringstream in(input);
         out_.str("");
         err_.str("");
         return RunDataTool(args, in, out_, err_);
     }
-    std::string Path(const char* name) const { return (dir_ / name).string(); }
+    std::string Path(const char* name) const { return (dir_.path() / name).string(); }
 
-    fs::path dir_;
+    parlane::testing::TempFolder dir_;
     std::ostringstream out_, err_;
 };
 
@@ -53,7 +46,7 @@ TEST_F(DataToolCommand, WriteReplacesTheFileOnlyWhenEveryLineIsGood) {
     EXPECT_EQ(Run({"write", "directory", file}, "{\"Name\":\"A\"}\n{\"Name\":7}\n"), kExitBadData);
     EXPECT_NE(err_.str().find("line 2"), std::string::npos) << err_.str();
     EXPECT_EQ(ReadWholeFile(file), "old");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()), 1);
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir_.path()), fs::directory_iterator()), 1);
 
     EXPECT_EQ(Run({"write", "directory", file}, "{\"Number\":\"5\"}\n"), 0);
     EXPECT_EQ(ReadWholeFile(file), std::string("\0\0\0\0\0\0\x01\0"

@@ -1,23 +1,9 @@
 // The compose panel's key rules, name completion, centre limit and Insert Text File.
-#include <fstream>
-
-#include "exchange/open_file_chooser.h"
+#include "support/temp_files.h"
 #include "ui/panel_fixture.h"
 
 namespace parlane {
 namespace {
-
-struct FakeChooser : OpenFileChooser {
-    std::optional<std::filesystem::path> chooseOpenFile(const std::string& title,
-                                                        const std::filesystem::path&,
-                                                        const std::string& defaultName,
-                                                        const std::string& filter) override {
-        asked = title + "|" + defaultName + "|" + filter;
-        return answer;
-    }
-    std::optional<std::filesystem::path> answer;
-    std::string asked;
-};
 
 using ComposePanel = PanelFixture;
 
@@ -103,14 +89,14 @@ TEST_F(ComposePanel, TheCentreSetsTheLimitAndTheKeyRuleEnforcesIt) {
 }
 
 struct InsertTextFile : PanelFixture {
-    FakeChooser chooser;
+    testing::PickedFile chooser;
     void SetUp() override {
         PanelFixture::SetUp();
         f->openFileChooser = &chooser;
     }
     void insert(const std::string& text, const std::string& fileBytes) {
-        std::ofstream(p.home / "in.txt", std::ios::binary) << fileBytes;
-        chooser.answer = p.home / "in.txt";
+        testing::WriteBytes(p.home / "in.txt", fileBytes);
+        chooser.file = p.home / "in.txt";
         f->txtMessage.Text = text;
         f->txtMessage_Change();
         f->mnuInsert_Click();
@@ -122,7 +108,8 @@ TEST_F(InsertTextFile, AppendsPrintableCharactersUpToTheLimitByEquality) {
     EXPECT_EQ(f->txtMessage.Text, "Hi onetwothree");
     EXPECT_EQ(f->txtMessage.SelStart, 14);
     EXPECT_TRUE(p.dialogues.shown.empty());
-    EXPECT_EQ(chooser.asked, "Insert Text File|*.txt|All Files (*.txt)|*.txt");
+    EXPECT_EQ(chooser.asked,
+              "Insert Text File|" + p.home.string() + "|*.txt|All Files (*.txt)|*.txt");
 
     insert(std::string(159, 'x'), "abc");
     EXPECT_EQ(f->txtMessage.Text, std::string(159, 'x') + "a");
@@ -149,13 +136,13 @@ TEST_F(InsertTextFile, AppendsPrintableCharactersUpToTheLimitByEquality) {
 
 TEST_F(InsertTextFile, CancelAndUnreadableFilesChangeNothing) {
     f->txtMessage.Text = "kept";
-    chooser.answer.reset();
+    chooser.file.reset();
     f->mnuInsert_Click();
-    chooser.answer = std::filesystem::path();
+    chooser.file = std::filesystem::path();
     f->mnuInsert_Click();
-    chooser.answer = p.home / "missing.txt";
+    chooser.file = p.home / "missing.txt";
     f->mnuInsert_Click();
-    chooser.answer = p.home;  // a folder
+    chooser.file = p.home;  // a folder
     f->mnuInsert_Click();
     EXPECT_EQ(f->txtMessage.Text, "kept");
     EXPECT_TRUE(p.dialogues.shown.empty());

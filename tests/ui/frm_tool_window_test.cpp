@@ -132,17 +132,20 @@ TEST(StandardTexts, SignatureOffersTheDefaultAndIgnoresAnEmptyAnswer) {
 
 TEST(StandardTexts, PlacedRightOfTheMainWindowOrAgainstTheScreenEdge) {
     const ScreenRect screen{0, 0, 1920, 1080};
-    auto at = ToolWindowTopLeft({100, 50, 800, 600}, screen, 200);
-    EXPECT_EQ(at.x, 900);
-    EXPECT_EQ(at.y, 50);
-    at = ToolWindowTopLeft({1000, 70, 800, 600}, screen, 200);
-    EXPECT_EQ(at.x, 1720);
-    EXPECT_EQ(at.y, 70);
-    at = ToolWindowTopLeft({921, 0, 800, 600}, screen, 200);  // one pixel short of room
-    EXPECT_EQ(at.x, 1720);
-    // A second screen to the right of the first.
-    at = ToolWindowTopLeft({2000, 10, 800, 600}, {1920, 0, 1280, 1024}, 200);
-    EXPECT_EQ(at.x, 2800);
+    const struct {
+        ScreenRect main, screen;
+        int x, y;
+    } cases[] = {
+        {{100, 50, 800, 600}, screen, 900, 50},
+        {{1000, 70, 800, 600}, screen, 1720, 70},
+        {{921, 0, 800, 600}, screen, 1720, 0},                    // one pixel short of room
+        {{2000, 10, 800, 600}, {1920, 0, 1280, 1024}, 2800, 10},  // a second screen to the right
+    };
+    for (const auto& c : cases) {
+        const auto at = ToolWindowTopLeft(c.main, c.screen, 200);
+        EXPECT_EQ(at.x, c.x) << c.main.left;
+        EXPECT_EQ(at.y, c.y) << c.main.left;
+    }
 }
 
 }  // namespace

@@ -17,12 +17,9 @@ struct PanelFixture : ::testing::Test {
         shortCentre.MaxChars = "10";
         p.writeProviders(
             {testing::MakeProvider("Alpha"), shortCentre, testing::MakeProvider("Gamma")});
-        std::string error;
-        WriteFileAtomically(p.home / "phones.dat",
-                            SerializeDirectoryFile({{"Smithson", "44", "07", "111", "Gamma"},
-                                                    {"Smith", "44", "07", "222", ""},
-                                                    {"Ann", "39", "06", "333", ""}},
-                                                   error));
+        p.writeDirectory({{"Smithson", "44", "07", "111", "Gamma"},
+                          {"Smith", "44", "07", "222", ""},
+                          {"Ann", "39", "06", "333", ""}});
         f = &p.load();
     }
     // Selects a row of a list by its text, as a click would.

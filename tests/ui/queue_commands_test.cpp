@@ -7,10 +7,8 @@ namespace {
 struct QueueCommands : PanelFixture {
     void SetUp() override {
         PanelFixture::SetUp();
-        for (const char* text : {"one", "two", "three"}) {
-            testing::Compose(*f, text, "44", "07", text);
-            f->mnuQueue_Click();
-        }
+        for (const char* text : {"one", "two", "three"})
+            testing::QueueTexts(*f, {text}, "44", "07", text);
         ASSERT_EQ(f->MessageQueue.ListCount(), 3);
     }
 };
