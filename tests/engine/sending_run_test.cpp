@@ -200,9 +200,14 @@ TEST_F(RunFixture, LineInUseWaitsWithoutCountingAndStopEndsTheWait) {
 }
 
 TEST_F(RunFixture, CallStatesActOnceAndCloseInOrder) {
+    f->Providers[0].DevConfig = {1, 2, 3};
     queue("x");
     f->mnuSend_Click();
     p.loop.advance(Milliseconds(4000));
+    // The line is prepared in order: opened, given the centre's block, the address translated.
+    const std::vector<std::string> setup(p.line.log.end() - 4, p.line.log.end());
+    EXPECT_EQ(setup, (std::vector<std::string>{"open line 0", "set dev config 3",
+                                               "translate +44 (07) 1234", "place call"}));
     p.line.log.clear();
     p.line.sendState(LINECALLSTATE_CONNECTED);
     p.line.sendState(LINECALLSTATE_CONNECTED);
