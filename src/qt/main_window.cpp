@@ -59,40 +59,42 @@ void MainWindow::statusChanged(const std::string& status) {
     if (onStatus) onStatus(status);
 }
 
+// The rows are rebuilt only when the model's rows differ from those last shown: the window
+// is mirrored every second, and a directory may hold thousands of names.
 void MainWindow::mirrorLists() {
-    const auto fill = [](QComboBox* box, const ListControl& list) {
-        QStringList rows;
-        for (const auto& row : list.rows) rows << ToQt(row);
-        QStringList shown;
-        for (int i = 0; i < box->count(); ++i) shown << box->itemText(i);
-        if (rows != shown) {
-            box->clear();
-            box->addItems(rows);
-        }
-        box->setCurrentIndex(list.ListIndex);
+    const auto changedRows = [this](QWidget* view, const ListControl& list) {
+        auto& shown = shownRows_[view];
+        if (shown == list.rows) return false;
+        shown = list.rows;
+        return true;
     };
-    fill(Services_, form_.Services);
-    fill(Names_, form_.Names);
-    fill(cmbGroupName_, form_.cmbGroupName);
-    fill(Country_, form_.Country);
+    const auto rowsOf = [](const ListControl& list) {
+        QStringList rows;
+        rows.reserve(static_cast<qsizetype>(list.rows.size()));
+        for (const auto& row : list.rows) rows << ToQt(row);
+        return rows;
+    };
+    for (auto [box, list] : {std::pair{Services_, &form_.Services}, {Names_, &form_.Names},
+                             {cmbGroupName_, &form_.cmbGroupName}, {Country_, &form_.Country}}) {
+        if (changedRows(box, *list)) {
+            box->clear();
+            box->addItems(rowsOf(*list));
+        }
+        if (box->currentIndex() != list->ListIndex) box->setCurrentIndex(list->ListIndex);
+    }
     if (Names_->currentText() != ToQt(form_.Names.Text))
         Names_->setEditText(ToQt(form_.Names.Text));
     if (form_.cmbGroupName.ListIndex < 0)
         cmbGroupName_->setPlaceholderText(ToQt(form_.cmbGroupName.Text));
 
-    const auto fillList = [](QListWidget* view, const ListControl& list) {
-        QStringList rows;
-        for (const auto& row : list.rows) rows << ToQt(row);
-        QStringList shown;
-        for (int i = 0; i < view->count(); ++i) shown << view->item(i)->text();
-        if (rows != shown) {
+    for (auto [view, list] :
+         {std::pair{MessageQueue_, &form_.MessageQueue}, {lstGroup_, &form_.lstGroup}}) {
+        if (changedRows(view, *list)) {
             view->clear();
-            view->addItems(rows);
+            view->addItems(rowsOf(*list));
         }
-        view->setCurrentRow(list.ListIndex);
-    };
-    fillList(MessageQueue_, form_.MessageQueue);
-    fillList(lstGroup_, form_.lstGroup);
+        if (view->currentRow() != list->ListIndex) view->setCurrentRow(list->ListIndex);
+    }
 }
 
 // While a call is up the picture runs through its four frames and "Online" shows; otherwise the

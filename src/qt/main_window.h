@@ -18,6 +18,9 @@
 #include <QToolButton>
 #include <array>
 #include <functional>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "qt/dialogs/tool_window.h"
 #include "qt/qt_file_choosers.h"
@@ -87,6 +90,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QPointer<ToolWindow> toolWindow_;
     QtOpenFileChooser fileChooser_;
     MainLayout shownLayout_;
+    std::map<QWidget*, std::vector<std::string>> shownRows_;
     QGroupBox *fraLogo_ = nullptr, *fraMobile_ = nullptr, *fraDirectory_ = nullptr,
               *fraGroup_ = nullptr, *fraQueue_ = nullptr;
     QLineEdit *txtCountryCode_ = nullptr, *txtAreaCode_ = nullptr, *txtNumber_ = nullptr;
