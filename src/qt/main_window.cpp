@@ -74,8 +74,10 @@ void MainWindow::mirrorLists() {
         for (const auto& row : list.rows) rows << ToQt(row);
         return rows;
     };
-    for (auto [box, list] : {std::pair{Services_, &form_.Services}, {Names_, &form_.Names},
-                             {cmbGroupName_, &form_.cmbGroupName}, {Country_, &form_.Country}}) {
+    for (auto [box, list] : {std::pair{Services_, &form_.Services},
+                             {Names_, &form_.Names},
+                             {cmbGroupName_, &form_.cmbGroupName},
+                             {Country_, &form_.Country}}) {
         if (changedRows(box, *list)) {
             box->clear();
             box->addItems(rowsOf(*list));

@@ -63,8 +63,9 @@ void MainWindow::wireCompose() {
     new KeyRule(txtMessageQueue_, [this](int key) { return form_.txtMessageQueue_KeyPress(key); });
 
     // The order a user fills the panel in: who, then what, then through which centre.
-    QWidget* order[] = {Names_, Country_, txtCountryCode_, txtAreaCode_, txtNumber_, txtMessage_,
-                        Services_, cmbGroupName_, lstGroup_, MessageQueue_, txtMessageQueue_};
+    QWidget* order[] = {Names_,     Country_,      txtCountryCode_, txtAreaCode_,
+                        txtNumber_, txtMessage_,   Services_,       cmbGroupName_,
+                        lstGroup_,  MessageQueue_, txtMessageQueue_};
     for (std::size_t i = 1; i < std::size(order); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
