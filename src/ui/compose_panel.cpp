@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "config/field_rules.h"
 #include "core/cp1252.h"
 #include "core/file_io.h"
 #include "core/settings_store.h"
@@ -15,7 +16,7 @@
 namespace parlane {
 namespace {
 
-constexpr int kBackspace = 8;
+constexpr int kKeyDelete = 46;  // the key code Names_KeyDown gets for Delete
 
 // The limit as lblTotal shows it, without its "/".
 std::string LimitText(const Label& total) {
@@ -63,7 +64,7 @@ void frmMain::Names_Change() {
 }
 
 int frmMain::Names_KeyDown(int keyCode) {
-    if (keyCode == 46 || keyCode == kBackspace) SkipNameCompletion = true;
+    if (keyCode == kKeyDelete || keyCode == KeyBackspace) SkipNameCompletion = true;
     return keyCode;
 }
 
@@ -100,7 +101,7 @@ void frmMain::Services_Change() {
 int frmMain::txtMessage_KeyPress(int keyAscii) {
     // A message is one paragraph.
     if (keyAscii == 13 || keyAscii == 10) return 0;
-    if (LeadingNumber(lblTextCounter.Caption) >= CurrentMaxChars && keyAscii != kBackspace)
+    if (LeadingNumber(lblTextCounter.Caption) >= CurrentMaxChars && keyAscii != KeyBackspace)
         return 0;
     return keyAscii;
 }
