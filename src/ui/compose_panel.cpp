@@ -1,7 +1,9 @@
 // The compose panel's rules: what a key may do in each field, name completion, the centre's
 // length limit and Insert Text File.
 #include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <string>
 
 #include "config/field_rules.h"
 #include "core/cp1252.h"
@@ -18,12 +20,14 @@ namespace {
 
 constexpr int kKeyDelete = 46;  // the key code Names_KeyDown gets for Delete
 
-// The limit as lblTotal shows it, without its "/".
-std::string LimitText(const Label& total) {
-    return total.Caption.empty() ? std::string() : total.Caption.substr(1);
-}
-
 }  // namespace
+
+std::optional<int> TotalLimit(const Label& lblTotal) {
+    const auto slash = lblTotal.Caption.find('/');
+    if (slash == std::string::npos) return std::nullopt;
+    const double limit = LeadingNumber(lblTotal.Caption.substr(slash + 1));
+    return limit > INT16_MAX ? INT16_MAX : static_cast<int>(limit);
+}
 
 int frmMain::NumberField_KeyPress(int keyAscii) {
     // A number being typed is no longer a directory entry's number, whatever the key.
@@ -109,7 +113,7 @@ int frmMain::txtMessage_KeyPress(int keyAscii) {
 void frmMain::txtMessage_Change() {
     const auto length = txtMessage.Text.size();
     lblTextCounter.Caption = std::to_string(length);
-    mnuInsert.Enabled = static_cast<double>(length) != LeadingNumber(LimitText(lblTotal));
+    mnuInsert.Enabled = static_cast<int>(length) != TotalLimit(lblTotal).value_or(0);
 }
 
 void frmMain::mnuInsert_Click() {
@@ -119,13 +123,12 @@ void frmMain::mnuInsert_Click() {
                                         "*.txt", LoadResString(sid::TextFileFilter));
     if (!file || file->empty()) return;
     bool truncated = false;
+    const int limit = TotalLimit(lblTotal).value_or(0);
     {
         BusyCursor busy(*this);
         // Read whole before anything is appended: a file that cannot be read changes nothing.
         const auto bytes = ReadWholeFile(*file);
         if (!bytes) return;
-        const std::string limitText = LimitText(lblTotal);
-        const double limit = LeadingNumber(limitText);
         for (const char c : *bytes) {
             // Line ends and tabs vanish; a blank stays.
             if (static_cast<unsigned char>(c) > 31) {
@@ -133,7 +136,7 @@ void frmMain::mnuInsert_Click() {
                 txtMessage_Change();
             }
             // Equality only: a text already over the limit takes the whole file.
-            if (static_cast<double>(txtMessage.Text.size()) == limit) {
+            if (static_cast<int>(txtMessage.Text.size()) == limit) {
                 truncated = true;
                 break;
             }
@@ -144,7 +147,7 @@ void frmMain::mnuInsert_Click() {
         }
     }
     if (truncated)
-        ShowMessageBox(LoadResString(sid::FileTruncatedTo) + " " + LimitText(lblTotal),
+        ShowMessageBox(LoadResString(sid::FileTruncatedTo) + " " + std::to_string(limit),
                        MbInformation);
     changed();
 }

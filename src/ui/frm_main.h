@@ -67,6 +67,10 @@ class FormObserver {
     virtual void busyChanged(bool /*busy*/) {}
 };
 
+// The limit in lblTotal: the number behind its "/" (0 when none follows it); nullopt when the
+// caption has no "/", as before any centre was read.
+std::optional<int> TotalLimit(const Label& lblTotal);
+
 class frmMain {
   public:
     frmMain(Platform platform, ProgramGlobals& globals);
