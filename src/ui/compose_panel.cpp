@@ -89,14 +89,17 @@ void frmMain::Services_Click() {
     lblTotal.Caption = "/" + std::to_string(CurrentMaxChars);
 }
 
-void frmMain::Services_Change() {
-    const std::string text = Services.Text;
-    const int before = Services.ListIndex;
+void frmMain::SelectCentreByName(const std::string& name) {
     for (int i = 0; i < Services.ListCount(); ++i) {
-        if (Services.rows[static_cast<std::size_t>(i)] != text) continue;
+        if (Services.rows[static_cast<std::size_t>(i)] != name) continue;
         Services.select(i);
         Services_Click();
     }
+}
+
+void frmMain::Services_Change() {
+    const int before = Services.ListIndex;
+    SelectCentreByName(std::string(Services.Text));
     // A name that is not listed leaves the selection, and so the text, as it was.
     if (Services.ListIndex == before) Services.select(before);
     focusedControl = "txtMessage";

@@ -371,6 +371,8 @@ class frmMain {
     void SetIdleLook();
     void SetCallingLook();
     void SelectDefaultCentre();
+    // Selects every row of Services equal to `name`, as a click would; none: no change.
+    void SelectCentreByName(const std::string& name);
     void ShowDirectoryAdd(const DirectoryEntry& entry, int commandNameId);
     void LoadProviders();
     void FirstRunModemCheck();
