@@ -35,6 +35,7 @@ class frmModem;
 class frmDirectoryAdd;
 class frmGroupAdd;
 class OpenFileChooser;
+struct ImportWindowHooks;
 
 // What Main settles before any window exists.
 struct ProgramGlobals {
@@ -123,6 +124,9 @@ class frmMain {
     void mnuExport_Click();
     void mnuBackup_Click();
     void mnuRestore_Click();
+    // What the import wizard does to this window: Names follows the directory, status lines.
+    // The view adds its own DoEvents.
+    ImportWindowHooks ImportHooks();
     void mnuNewSMSC_Click() { ShowForm("frmSMSCEdit"); }
     void mnuEditSMSC_Click() { ShowForm("frmSMSCEdit"); }
     void mnuDeleteSMSC_Click() { ShowForm("frmSMSCEdit"); }
@@ -386,6 +390,8 @@ class frmMain {
   private:
     void ApplyPanelLayout();
     void LoadDirectory();
+    // Names lists every name of `directory`; nothing is selected.
+    void ListDirectoryNames(const std::vector<DirectoryEntry>& directory);
     void ArchiveUnknownName(const std::string& name);
     bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);
     void LoadGroups();

@@ -5,6 +5,7 @@
 
 #include "config/frm_modem_info.h"
 #include "core/string_ids.h"
+#include "exchange/frm_import.h"
 #include "ui/frm_main.h"
 #include "ui/main_menu.h"
 #include "ui/toolbar.h"
@@ -170,6 +171,16 @@ void frmMain::mnuDialLocation_Click() {
 void frmMain::mnuExport_Click() {
     BusyCursor busy(*this);
     ShowForm("frmImport");
+}
+
+ImportWindowHooks frmMain::ImportHooks() {
+    return {[this] { Names.Clear(); },
+            [this](const std::vector<DirectoryEntry>& directory) { ListDirectoryNames(directory); },
+            [this] {
+                if (Names.ListCount() > 0) Names.select(0);
+            },
+            [this](const std::string& text) { ShowStatus(text); },
+            {}};
 }
 
 void frmMain::mnuBackup_Click() {
