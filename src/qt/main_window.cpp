@@ -120,9 +120,9 @@ void MainWindow::controlsChanged() {
     fraQueue_->setTitle(caption("fraQueue"));
     lblmLable_->setText(caption("lblmLable"));
     lblOnline_->setText(caption("lblOnline"));
-    toolbar_->refreshTips();
+    // Under the central widget only: the standard-texts window has icons of the same names.
     for (const auto& [control, tip] : form_.ToolTips)
-        if (auto* w = findChild<QWidget*>(QString::fromStdString(control))) {
+        if (auto* w = centralWidget()->findChild<QWidget*>(QString::fromStdString(control))) {
             w->setToolTip(ToQt(tip));
             w->setWhatsThis(ToQt(tip));  // What's This mode names the control
         }

@@ -29,11 +29,15 @@ void frmMain::LoadDirectory() {
     Names.Clear();
     Names.Sorted = true;
     Names.Text = "Names";
-    std::vector<std::string> names;
-    names.reserve(Directory.size());
-    for (const auto& e : Directory) names.push_back(e.Name);
-    Names.SetItems(std::move(names));
+    ListDirectoryNames(Directory);
     if (table.damaged) reportDamage(path);
+}
+
+void frmMain::ListDirectoryNames(const std::vector<DirectoryEntry>& directory) {
+    std::vector<std::string> names;
+    names.reserve(directory.size());
+    for (const auto& e : directory) names.push_back(e.Name);
+    Names.SetItems(std::move(names));
 }
 
 void frmMain::LoadGroups() {

@@ -1,8 +1,11 @@
 // The compose panel's rules: what a key may do in each field, name completion, the centre's
 // length limit and Insert Text File.
 #include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <string>
 
+#include "config/field_rules.h"
 #include "core/cp1252.h"
 #include "core/file_io.h"
 #include "core/settings_store.h"
@@ -15,14 +18,16 @@
 namespace parlane {
 namespace {
 
-constexpr int kBackspace = 8;
-
-// The limit as lblTotal shows it, without its "/".
-std::string LimitText(const Label& total) {
-    return total.Caption.empty() ? std::string() : total.Caption.substr(1);
-}
+constexpr int kKeyDelete = 46;  // the key code Names_KeyDown gets for Delete
 
 }  // namespace
+
+std::optional<int> TotalLimit(const Label& lblTotal) {
+    const auto slash = lblTotal.Caption.find('/');
+    if (slash == std::string::npos) return std::nullopt;
+    const double limit = LeadingNumber(lblTotal.Caption.substr(slash + 1));
+    return limit > INT16_MAX ? INT16_MAX : static_cast<int>(limit);
+}
 
 int frmMain::NumberField_KeyPress(int keyAscii) {
     // A number being typed is no longer a directory entry's number, whatever the key.
@@ -63,7 +68,7 @@ void frmMain::Names_Change() {
 }
 
 int frmMain::Names_KeyDown(int keyCode) {
-    if (keyCode == 46 || keyCode == kBackspace) SkipNameCompletion = true;
+    if (keyCode == kKeyDelete || keyCode == KeyBackspace) SkipNameCompletion = true;
     return keyCode;
 }
 
@@ -84,14 +89,17 @@ void frmMain::Services_Click() {
     lblTotal.Caption = "/" + std::to_string(CurrentMaxChars);
 }
 
-void frmMain::Services_Change() {
-    const std::string text = Services.Text;
-    const int before = Services.ListIndex;
+void frmMain::SelectCentreByName(const std::string& name) {
     for (int i = 0; i < Services.ListCount(); ++i) {
-        if (Services.rows[static_cast<std::size_t>(i)] != text) continue;
+        if (Services.rows[static_cast<std::size_t>(i)] != name) continue;
         Services.select(i);
         Services_Click();
     }
+}
+
+void frmMain::Services_Change() {
+    const int before = Services.ListIndex;
+    SelectCentreByName(std::string(Services.Text));
     // A name that is not listed leaves the selection, and so the text, as it was.
     if (Services.ListIndex == before) Services.select(before);
     focusedControl = "txtMessage";
@@ -100,7 +108,7 @@ void frmMain::Services_Change() {
 int frmMain::txtMessage_KeyPress(int keyAscii) {
     // A message is one paragraph.
     if (keyAscii == 13 || keyAscii == 10) return 0;
-    if (LeadingNumber(lblTextCounter.Caption) >= CurrentMaxChars && keyAscii != kBackspace)
+    if (LeadingNumber(lblTextCounter.Caption) >= CurrentMaxChars && keyAscii != KeyBackspace)
         return 0;
     return keyAscii;
 }
@@ -108,7 +116,7 @@ int frmMain::txtMessage_KeyPress(int keyAscii) {
 void frmMain::txtMessage_Change() {
     const auto length = txtMessage.Text.size();
     lblTextCounter.Caption = std::to_string(length);
-    mnuInsert.Enabled = static_cast<double>(length) != LeadingNumber(LimitText(lblTotal));
+    mnuInsert.Enabled = static_cast<int>(length) != TotalLimit(lblTotal).value_or(0);
 }
 
 void frmMain::mnuInsert_Click() {
@@ -118,13 +126,12 @@ void frmMain::mnuInsert_Click() {
                                         "*.txt", LoadResString(sid::TextFileFilter));
     if (!file || file->empty()) return;
     bool truncated = false;
+    const int limit = TotalLimit(lblTotal).value_or(0);
     {
         BusyCursor busy(*this);
         // Read whole before anything is appended: a file that cannot be read changes nothing.
         const auto bytes = ReadWholeFile(*file);
         if (!bytes) return;
-        const std::string limitText = LimitText(lblTotal);
-        const double limit = LeadingNumber(limitText);
         for (const char c : *bytes) {
             // Line ends and tabs vanish; a blank stays.
             if (static_cast<unsigned char>(c) > 31) {
@@ -132,7 +139,7 @@ void frmMain::mnuInsert_Click() {
                 txtMessage_Change();
             }
             // Equality only: a text already over the limit takes the whole file.
-            if (static_cast<double>(txtMessage.Text.size()) == limit) {
+            if (static_cast<int>(txtMessage.Text.size()) == limit) {
                 truncated = true;
                 break;
             }
@@ -143,7 +150,7 @@ void frmMain::mnuInsert_Click() {
         }
     }
     if (truncated)
-        ShowMessageBox(LoadResString(sid::FileTruncatedTo) + " " + LimitText(lblTotal),
+        ShowMessageBox(LoadResString(sid::FileTruncatedTo) + " " + std::to_string(limit),
                        MbInformation);
     changed();
 }

@@ -7,11 +7,6 @@
 
 namespace parlane {
 
-int NumberFieldKey(int keyAscii) {
-    const bool passes = keyAscii == 8 || keyAscii == '+' || (keyAscii >= '0' && keyAscii <= '9');
-    return passes ? keyAscii : 0;
-}
-
 void FillCountryBox(ListControl& box) {
     std::vector<std::string> names;
     for (const auto& c : CountryTable()) names.emplace_back(c.country);

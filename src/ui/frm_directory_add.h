@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "config/field_rules.h"
 #include "exchange/exchange_controls.h"
 #include "store/directory.h"
 #include "ui/controls.h"
@@ -12,8 +13,6 @@ namespace parlane {
 
 class frmMain;
 
-// Backspace, "+" and the digits pass into a number field; any other key comes back as 0.
-int NumberFieldKey(int keyAscii);
 // Fills a Country box with the country names, sorted.
 void FillCountryBox(ListControl& box);
 
@@ -24,7 +23,7 @@ class frmDirectoryAdd {
     void Form_Load();
     int NumberField_KeyPress(int keyAscii) { return NumberFieldKey(keyAscii); }
     int Country_KeyPress(int) { return 0; }
-    int Services_KeyPress(int keyAscii) { return keyAscii == 8 ? keyAscii : 0; }
+    int Services_KeyPress(int keyAscii) { return keyAscii == KeyBackspace ? keyAscii : 0; }
     void Country_Click();
     void chkUseService_Click() { Services.Enabled = chkUseService.Value; }
     void cmdProviderItemOk_Click();

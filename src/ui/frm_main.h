@@ -35,6 +35,7 @@ class frmModem;
 class frmDirectoryAdd;
 class frmGroupAdd;
 class OpenFileChooser;
+struct ImportWindowHooks;
 
 // What Main settles before any window exists.
 struct ProgramGlobals {
@@ -66,6 +67,10 @@ class FormObserver {
     // The busy pointer goes on (true) or off, at once, before the busy work runs.
     virtual void busyChanged(bool /*busy*/) {}
 };
+
+// The limit in lblTotal: the number behind its "/" (0 when none follows it); nullopt when the
+// caption has no "/", as before any centre was read.
+std::optional<int> TotalLimit(const Label& lblTotal);
 
 class frmMain {
   public:
@@ -119,6 +124,9 @@ class frmMain {
     void mnuExport_Click();
     void mnuBackup_Click();
     void mnuRestore_Click();
+    // What the import wizard does to this window: Names follows the directory, status lines.
+    // The view adds its own DoEvents.
+    ImportWindowHooks ImportHooks();
     void mnuNewSMSC_Click() { ShowForm("frmSMSCEdit"); }
     void mnuEditSMSC_Click() { ShowForm("frmSMSCEdit"); }
     void mnuDeleteSMSC_Click() { ShowForm("frmSMSCEdit"); }
@@ -367,6 +375,8 @@ class frmMain {
     void SetIdleLook();
     void SetCallingLook();
     void SelectDefaultCentre();
+    // Selects every row of Services equal to `name`, as a click would; none: no change.
+    void SelectCentreByName(const std::string& name);
     void ShowDirectoryAdd(const DirectoryEntry& entry, int commandNameId);
     void LoadProviders();
     void FirstRunModemCheck();
@@ -380,6 +390,8 @@ class frmMain {
   private:
     void ApplyPanelLayout();
     void LoadDirectory();
+    // Names lists every name of `directory`; nothing is selected.
+    void ListDirectoryNames(const std::vector<DirectoryEntry>& directory);
     void ArchiveUnknownName(const std::string& name);
     bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);
     void LoadGroups();

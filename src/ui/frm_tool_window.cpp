@@ -97,13 +97,6 @@ void frmToolWindow::mnuNote_Click(int n) {
     ShowNoteName(n, name);
 }
 
-std::optional<int> TotalLimit(const Label& lblTotal) {
-    const auto slash = lblTotal.Caption.find('/');
-    if (slash == std::string::npos) return std::nullopt;
-    const double limit = LeadingNumber(lblTotal.Caption.substr(slash + 1));
-    return limit > INT16_MAX ? INT16_MAX : static_cast<int>(limit);
-}
-
 ScreenPoint ToolWindowTopLeft(const ScreenRect& main, const ScreenRect& screen, int toolWidth) {
     const int x =
         main.right() + toolWidth <= screen.right() ? main.right() : screen.right() - toolWidth;

@@ -3,7 +3,6 @@
 // the date to the end of the message, and a menu to edit the notes and the signature.
 
 #include <array>
-#include <optional>
 #include <string>
 
 #include "ui/controls.h"
@@ -47,10 +46,6 @@ class frmToolWindow {
 
     frmMain& main_;
 };
-
-// The limit in lblTotal: the number behind its "/" (0 when none follows it); nullopt when the
-// caption has no "/", as before any centre was read.
-std::optional<int> TotalLimit(const Label& lblTotal);
 
 struct ScreenRect {
     int left = 0, top = 0, width = 0, height = 0;

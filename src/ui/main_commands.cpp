@@ -5,8 +5,10 @@
 
 #include "config/frm_modem_info.h"
 #include "core/string_ids.h"
+#include "exchange/frm_import.h"
 #include "ui/frm_main.h"
 #include "ui/main_menu.h"
+#include "ui/toolbar.h"
 
 namespace parlane {
 namespace {
@@ -33,20 +35,6 @@ constexpr ControlText kToolTips[] = {
     {"txtNumber", sid::TipTelephoneNumber},
     {"Services", sid::TipServiceProvider},
     {"txtMessage", sid::TipSmsMessageText},
-    {"picToolIcons_0", sid::TipSendMessages},
-    {"picToolIcons_1", sid::TipQueueMessage},
-    {"picToolIcons_2", sid::TipStop},
-    {"picToolIcons_3", sid::TipSentMessages},
-    {"picToolIcons_4", sid::TipHelp},
-    {"picToolIcons_5", sid::TipWhatsThis},
-    {"picToolIcons_6", sid::TipExit},
-    {"picToolIcons_7", sid::TipAddNewEntry},
-    {"picToolIcons_8", sid::TipEditCurrentEntry},
-    {"picToolIcons_9", sid::TipDeleteCurrentEntry},
-    {"picToolIcons_10", sid::TipAddToGroupList},
-    {"picToolIcons_11", sid::TipUseThisGroupList},
-    {"picToolIcons_12", sid::TipAddNewGroup},
-    {"picToolIcons_13", sid::TipDeleteCurrentGroup},
 };
 
 }  // namespace
@@ -55,6 +43,8 @@ void frmMain::LoadFormCaptions() {
     Caption = LoadResString(sid::ProductName);
     for (const auto& c : kCaptions) Captions[c.control] = LoadResString(c.id);
     for (const auto& t : kToolTips) ToolTips[t.control] = LoadResString(t.id);
+    for (std::size_t i = 0; i < kMainToolbarIcons.size(); ++i)
+        ToolTips["picToolIcons_" + std::to_string(i)] = LoadResString(kMainToolbarIcons[i].tipId);
     // The first load captions every menu, the language names included.
     for (const auto& e : MainMenuTree())
         if (e.id != 0) (this->*e.item).Caption = LoadResString(e.id);
@@ -181,6 +171,16 @@ void frmMain::mnuDialLocation_Click() {
 void frmMain::mnuExport_Click() {
     BusyCursor busy(*this);
     ShowForm("frmImport");
+}
+
+ImportWindowHooks frmMain::ImportHooks() {
+    return {[this] { Names.Clear(); },
+            [this](const std::vector<DirectoryEntry>& directory) { ListDirectoryNames(directory); },
+            [this] {
+                if (Names.ListCount() > 0) Names.select(0);
+            },
+            [this](const std::string& text) { ShowStatus(text); },
+            {}};
 }
 
 void frmMain::mnuBackup_Click() {

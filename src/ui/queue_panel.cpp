@@ -34,11 +34,7 @@ void frmMain::mnuEdit_Click() {
     txtAreaCode.Text = message.AreaCode;
     txtNumber.Text = message.Number;
     // A centre no longer listed leaves the selection as it was.
-    for (int i = 0; i < Services.ListCount(); ++i) {
-        if (Services.rows[static_cast<std::size_t>(i)] != message.ProviderName) continue;
-        Services.select(i);
-        Services_Click();
-    }
+    SelectCentreByName(message.ProviderName);
     mnuRemove_Click();
 }
 

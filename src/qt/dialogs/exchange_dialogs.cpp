@@ -97,21 +97,12 @@ ImportDialog::ImportDialog(QWidget* owner, frmMain& main, OpenFileChooser& choos
 }
 
 ImportWindowHooks ImportDialog::hooks() {
-    return {[this] { main_.Names.Clear(); },
-            [this](const std::vector<DirectoryEntry>& directory) {
-                std::vector<std::string> names;
-                names.reserve(directory.size());
-                for (const auto& entry : directory) names.push_back(entry.Name);
-                main_.Names.SetItems(std::move(names));
-            },
-            [this] {
-                if (main_.Names.ListCount() > 0) main_.Names.select(0);
-            },
-            [this](const std::string& text) { main_.ShowStatus(text); },
-            [this] {
-                mirror();
-                QCoreApplication::processEvents();
-            }};
+    ImportWindowHooks hooks = main_.ImportHooks();
+    hooks.DoEvents = [this] {
+        mirror();
+        QCoreApplication::processEvents();
+    };
+    return hooks;
 }
 
 void ImportDialog::run(void (frmImport::*handler)()) {

@@ -126,7 +126,6 @@ bool ShowOriginatorDialog(QWidget* owner, frmMain& main) {
 }
 
 void ShowModemInfoDialog(QWidget* owner, frmMain& main) {
-    if (!frmModemInfo::Wanted(main.settings())) return;
     ModemInfoDialog dialog(owner, main);
     dialog.exec();
 }
@@ -135,13 +134,6 @@ void ShowModemDialog(QWidget* owner, frmModem& model) {
     if (model.unloaded) return;
     ModemDialog dialog(owner, model);
     dialog.exec();
-}
-
-void ShowDefaultModemDialog(QWidget* owner, frmMain& main) {
-    frmModem model(main);
-    model.Form_Load();
-    ShowModemDialog(owner, model);
-    main.changed();
 }
 
 }  // namespace parlane

@@ -23,12 +23,10 @@ bool ShowDialDialog(QWidget* owner, frmMain& main);
 bool ShowTimeoutDialog(QWidget* owner, frmMain& main);
 // mnuOriginatorID. True when it was closed with OK.
 bool ShowOriginatorDialog(QWidget* owner, frmMain& main);
-// mnuModemProperties: the notice before the modem panel, unless the user declined it for good.
+// The notice before the modem panel; the model asks for it only while the user wants it.
 void ShowModemInfoDialog(QWidget* owner, frmMain& main);
 // The choice of a loaded frmModem: frmMain::showModemDialog at start-up.
 void ShowModemDialog(QWidget* owner, frmModem& model);
-// mnuDefault: loads the choice and shows it; with no device the model has told the user.
-void ShowDefaultModemDialog(QWidget* owner, frmMain& main);
 
 class DialDialog : public OneFieldDialog {
   public:
