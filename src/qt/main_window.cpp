@@ -133,13 +133,10 @@ void MainWindow::controlsChanged() {
     setLine(txtCountryCode_, form_.txtCountryCode);
     setLine(txtAreaCode_, form_.txtAreaCode);
     setLine(txtNumber_, form_.txtNumber);
-    // A text or a centre the model set counts as a change, as one typed or picked would.
     if (txtMessage_->toPlainText() != ToQt(form_.txtMessage.Text)) {
         txtMessage_->setPlainText(ToQt(form_.txtMessage.Text));
         txtMessage_->moveCursor(QTextCursor::End);
-        form_.txtMessage_Change();
     }
-    if (Services_->currentIndex() != form_.Services.ListIndex) form_.Services_Click();
     txtMessageQueue_->setPlainText(ToQt(form_.txtMessageQueue.Text));
     lblTextCounter_->setText(ToQt(form_.lblTextCounter.Caption));
     lblTotal_->setText(ToQt(form_.lblTotal.Caption));

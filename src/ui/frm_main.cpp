@@ -69,6 +69,16 @@ std::string frmMain::DefaultCentre() const {
 }
 
 void frmMain::changed() {
+    // A centre or a text set by code counts as a change, as one picked or typed would: the
+    // limit, the counter and Insert Text File follow whatever set them.
+    if (Services.ListIndex != changedCentre_) {
+        changedCentre_ = Services.ListIndex;
+        Services_Click();
+    }
+    if (txtMessage.Text != changedText_) {
+        changedText_ = txtMessage.Text;
+        txtMessage_Change();
+    }
     if (queueDirty_) {
         queueDirty_ = false;
         JournalQueue();

@@ -422,6 +422,9 @@ class frmMain {
     // The queue set aside by a single-message run, until the run's end brings it back.
     std::optional<MessageTable> stashedQueue_;
     bool queueDirty_ = false;
+    // What changed() saw last of the centre and the text.
+    int changedCentre_ = -2;
+    std::string changedText_ = "\x01";
 };
 
 // Shows the hourglass for a scope and restores it on every path.

@@ -88,6 +88,18 @@ TEST_F(ComposePanel, TheCentreSetsTheLimitAndTheKeyRuleEnforcesIt) {
     EXPECT_EQ(f->Services.ListIndex, 2);
 }
 
+// A centre or text that code sets (a name's own centre, a queued message taken back) moves the
+// limit and the counter as a pick or typing would, with no window to pass them on.
+TEST_F(ComposePanel, CentreAndTextSetByCodeBringLimitAndCounterAlong) {
+    ASSERT_EQ(f->lblTotal.Caption, "/160");
+    pick(f->Services, "Short");
+    f->txtMessage.Text = "0123456789";
+    f->changed();
+    EXPECT_EQ(f->lblTotal.Caption, "/10");
+    EXPECT_EQ(f->lblTextCounter.Caption, "10");
+    EXPECT_FALSE(f->mnuInsert.Enabled);
+}
+
 struct InsertTextFile : PanelFixture {
     testing::PickedFile chooser;
     void SetUp() override {
