@@ -352,6 +352,7 @@ constexpr std::array kBank1 = {
     BankString{sid::LabelDialMode, "Dialling (T tone, P pulse)"},
     BankString{sid::LabelSerialPorts, "Serial Ports (separated by ;)"},
     BankString{sid::NumberTooLarge, "Please enter a number no larger than 32767"},
+    BankString{sid::NoProgramOpens, "No program on this desktop opens"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
     BankString{sid::MessageLabel, "Message:"},

@@ -327,6 +327,7 @@ inline constexpr int PageWord = 1144;
 inline constexpr int SavingToOutbox = 1186;
 inline constexpr int DamagedFileKept = 1187;
 inline constexpr int Unknown = 1243;
+inline constexpr int NoProgramOpens = 1314;
 inline constexpr int LabelOnline = 1321;
 inline constexpr int WindowNotAvailable = 1322;
 inline constexpr int MessageLabel = 1324;

@@ -183,13 +183,13 @@ void MainWindow::wireHooks() {
     form_.showGroupAdd = [this](frmGroupAdd& d) { ShowGroupAddDialog(this, d); };
     form_.showModemDialog = [this](frmModem& m) { ShowModemDialog(this, m); };
     form_.enterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
-    form_.openDocument = [](const std::string& target, std::string& error) {
+    form_.openDocument = [this](const std::string& target, std::string& error) {
         const QString text = ToQt(target);
         const QUrl url = text.contains("://") || text.startsWith("mailto:")
                              ? QUrl(text)
                              : QUrl::fromLocalFile(text);
         if (QDesktopServices::openUrl(url)) return true;
-        error = "No program on this desktop opens " + FromQt(url.toString());
+        error = form_.LoadResString(sid::NoProgramOpens) + " " + FromQt(url.toString());
         return false;
     };
     form_.HelpFile = FromQt(ManualUrl().toString());
