@@ -86,6 +86,9 @@ void MainWindow::mirrorLists() {
     }
     if (Names_->currentText() != ToQt(form_.Names.Text))
         Names_->setEditText(ToQt(form_.Names.Text));
+    // The country box says what it holds until one is picked; the narrow number fields have
+    // their tips.
+    Country_->setPlaceholderText(ToQt(form_.ToolTips["Country"]));
     if (form_.cmbGroupName.ListIndex < 0)
         cmbGroupName_->setPlaceholderText(ToQt(form_.cmbGroupName.Text));
 

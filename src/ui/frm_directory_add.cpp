@@ -21,6 +21,7 @@ void frmDirectoryAdd::Form_Load() {
     lblSaving.Caption = main_.LoadResString(sid::SavingEllipsis);
     lblSaving.Visible = false;
     NameHint = main_.LoadResString(sid::TipNames);
+    CountryHint = main_.LoadResString(sid::TipInternationalDiallingCodes);
     CountryCodeHint = main_.LoadResString(sid::TipCountryCode);
     AreaCodeHint = main_.LoadResString(sid::TipAreaCode);
     NumberHint = main_.LoadResString(sid::TipTelephoneNumber);

@@ -43,7 +43,7 @@ class frmDirectoryAdd {
     std::string focusedControl;
     bool unloaded = false;
     // What each field holds, shown in it while it is empty and as its tip.
-    std::string NameHint, CountryCodeHint, AreaCodeHint, NumberHint;
+    std::string NameHint, CountryHint, CountryCodeHint, AreaCodeHint, NumberHint;
 
   private:
     // False, with the message shown and the focus on the field, at the first check that fails.

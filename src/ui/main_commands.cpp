@@ -30,6 +30,7 @@ constexpr ControlText kCaptions[] = {
 
 constexpr ControlText kToolTips[] = {
     {"Names", sid::TipNames},
+    {"Country", sid::TipInternationalDiallingCodes},
     {"txtCountryCode", sid::TipCountryCode},
     {"txtAreaCode", sid::TipAreaCode},
     {"txtNumber", sid::TipTelephoneNumber},

@@ -77,6 +77,8 @@ void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
         edit->setPlaceholderText(ToQt(*hint));
         edit->setToolTip(ToQt(*hint));
     }
+    Country->setPlaceholderText(ToQt(model.CountryHint));
+    Country->setToolTip(ToQt(model.CountryHint));
     auto* chkUseService = new QCheckBox(ToQt(model.chkUseService.Caption), &dialog);
     chkUseService->setObjectName("chkUseService");
     auto* Services = ListBox("Services", &dialog);
