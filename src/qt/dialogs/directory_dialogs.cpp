@@ -59,6 +59,25 @@ void MoveFocus(QDialog& dialog, std::string& focusedControl) {
     focusedControl.clear();
 }
 
+// Save and Cancel go to the model's handlers, then the view follows it; closing by the
+// window's frame or Escape is Cancel. Runs the dialogue unless the model is already done.
+template <typename Model, typename Pull>
+void RunWithButtons(QDialog& dialog, QPushButton* ok, QPushButton* cancel, Model& model,
+                    const Pull& pull) {
+    QObject::connect(ok, &QPushButton::clicked, [&] {
+        model.cmdProviderItemOk_Click();
+        pull();
+    });
+    QObject::connect(cancel, &QPushButton::clicked, [&] {
+        model.cmdProviderItemCancel_Click();
+        pull();
+    });
+    QObject::connect(&dialog, &QDialog::rejected, [&] {
+        if (!model.unloaded) model.cmdProviderItemCancel_Click();
+    });
+    if (!model.unloaded) dialog.exec();
+}
+
 }  // namespace
 
 void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
@@ -151,19 +170,7 @@ void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
         model.chkUseService_Click();
         pull();
     });
-    QObject::connect(ok, &QPushButton::clicked, [&] {
-        model.cmdProviderItemOk_Click();
-        pull();
-    });
-    QObject::connect(cancel, &QPushButton::clicked, [&] {
-        model.cmdProviderItemCancel_Click();
-        pull();
-    });
-    // Closing by the window's frame or Escape is Cancel.
-    QObject::connect(&dialog, &QDialog::rejected, [&] {
-        if (!model.unloaded) model.cmdProviderItemCancel_Click();
-    });
-    if (!model.unloaded) dialog.exec();
+    RunWithButtons(dialog, ok, cancel, model, pull);
 }
 
 void ShowGroupAddDialog(QWidget* owner, frmGroupAdd& model) {
@@ -191,18 +198,7 @@ void ShowGroupAddDialog(QWidget* owner, frmGroupAdd& model) {
     pull();
     QObject::connect(txtName, &QLineEdit::textEdited,
                      [&](const QString& text) { model.txtName.Text = FromQt(text); });
-    QObject::connect(ok, &QPushButton::clicked, [&] {
-        model.cmdProviderItemOk_Click();
-        pull();
-    });
-    QObject::connect(cancel, &QPushButton::clicked, [&] {
-        model.cmdProviderItemCancel_Click();
-        pull();
-    });
-    QObject::connect(&dialog, &QDialog::rejected, [&] {
-        if (!model.unloaded) model.cmdProviderItemCancel_Click();
-    });
-    if (!model.unloaded) dialog.exec();
+    RunWithButtons(dialog, ok, cancel, model, pull);
 }
 
 }  // namespace parlane
