@@ -1,36 +1,37 @@
-// SaveToOutbox: every finished or refused message leaves one file in SMS/Outbox.
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
+// SaveToOutbox: every finished or refused message leaves one file in SMS/Outbox, written whole.
 #include <cstring>
 
 #include "archive/message_file.h"
+#include "core/file_io.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
 
 namespace parlane {
 namespace {
 
-// Creates the file without replacing one of the same second: the second file of a second gets
-// "-2" behind the time stamp, and so on, so the 13-character sort key stays as it is.
-int CreateArchiveFile(const std::filesystem::path& folder, const std::string& stamp,
-                      std::filesystem::path& chosen) {
-    for (int n = 1; n < 10000; ++n) {
-        chosen = folder / (stamp + (n == 1 ? std::string() : "-" + std::to_string(n)) + ".msg");
-        const int fd = ::open(chosen.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
-        if (fd >= 0 || errno != EEXIST) return fd;
+constexpr std::size_t kStampLength = 13;  // "yymmdd hhmmss"
+
+// The second file of a second gets "-2" behind the time stamp, and so on, so the 13-character
+// sort key stays as it is and nothing is ever replaced.
+std::string ArchiveName(const std::string& stamp, int attempt) {
+    return stamp + (attempt == 1 ? std::string() : "-" + std::to_string(attempt)) + ".msg";
+}
+
+std::filesystem::path FreeArchiveName(const std::filesystem::path& folder,
+                                      const std::string& stamp) {
+    std::error_code ec;
+    for (int attempt = 1;; ++attempt) {
+        const auto name = ArchiveName(stamp, attempt);
+        if (!std::filesystem::exists(std::filesystem::symlink_status(folder / name, ec)))
+            return name;
     }
-    errno = EEXIST;
-    return -1;
 }
 
 }  // namespace
 
-void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& message) {
+FinishedMessage frmMain::BuildOutboxFile(const std::string& status, const QueuedMessage& message) {
     MessageFileFields fields;
-    if (message.ProviderIndex == -1 || message.ProviderIndex < 0 ||
-        message.ProviderIndex >= static_cast<int>(Providers.size()))
+    if (message.ProviderIndex < 0 || message.ProviderIndex >= static_cast<int>(Providers.size()))
         fields.centreName = LoadResString(sid::Unknown);
     else
         fields.centreName = Providers[static_cast<std::size_t>(message.ProviderIndex)].ProviderName;
@@ -40,35 +41,46 @@ void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& messa
     fields.status = status;
     fields.messageLabel = LoadResString(sid::MessageLabel);
     fields.text = message.Text;
-
-    std::filesystem::path path;
-    const int fd = CreateArchiveFile(homePath("SMS") / "Outbox",
-                                     ArchiveTimeStamp(platform_.loop.wallClock()), path);
-    const auto fail = [&](int error) {
-        ShowStatus(std::to_string(error) + " " + LoadResString(sid::SavingToOutbox) + " " +
-                   std::strerror(error));
-    };
-    if (fd < 0) {
-        fail(errno);
-        return;
-    }
     const WallClockMs now = platform_.loop.wallClock();
     fields.dateText = platform_.formats.longDate(now);
     fields.timeText = platform_.formats.longTime(now);
-    const std::string content = BuildMessageFile(fields);
-    std::size_t written = 0;
-    while (written < content.size()) {
-        const ssize_t n = ::write(fd, content.data() + written, content.size() - written);
-        if (n < 0 && errno == EINTR) continue;
-        if (n < 0) {
-            const int error = errno;
-            ::close(fd);
-            fail(error);
-            return;
-        }
-        written += static_cast<std::size_t>(n);
-    }
-    if (::close(fd) != 0) fail(errno);
+
+    const auto outbox = homePath("SMS") / "Outbox";
+    return {message, FreeArchiveName(outbox, ArchiveTimeStamp(now)).string(),
+            BuildMessageFile(fields)};
+}
+
+bool frmMain::WriteOutboxFile(const FinishedMessage& file) {
+    const std::string stamp = file.fileName.substr(0, kStampLength);
+    std::filesystem::path chosen;
+    const int error = WriteNewFileAtomically(
+        homePath("SMS") / "Outbox",
+        [&](int attempt) { return attempt == 1 ? file.fileName : ArchiveName(stamp, attempt); },
+        file.content, chosen);
+    if (error == 0) return true;
+    ShowStatus(std::to_string(error) + " " + LoadResString(sid::SavingToOutbox) + " " +
+               std::strerror(error));
+    return false;
+}
+
+void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& message) {
+    WriteOutboxFile(BuildOutboxFile(status, message));
+}
+
+void frmMain::ArchiveFinished(const std::string& status, const QueuedMessage& message) {
+    const FinishedMessage file = BuildOutboxFile(status, message);
+    JournalQueue({file});
+    WriteOutboxFile(file);
+    JournalQueue();
+}
+
+void frmMain::FinishHeadMessage(const std::string& status) {
+    if (UpperBound(SendBuffer) < 1) return;
+    const QueuedMessage head = SendBuffer[1];
+    // Element 0 keeps the message finished last.
+    RemoveSentMessage(SendBuffer);
+    queueChanged();
+    ArchiveFinished(status, head);
 }
 
 }  // namespace parlane

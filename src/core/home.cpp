@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -13,6 +14,13 @@ std::filesystem::path XdgFolder(const char* variable, const char* fallbackUnderH
     if (const char* value = std::getenv(variable); value && *value) return value;
     const char* home = std::getenv("HOME");
     return std::filesystem::path(home && *home ? home : ".") / fallbackUnderHome;
+}
+
+// Strips group and other bits; true when there were any.
+bool Tighten(const std::filesystem::path& path, mode_t keep) {
+    struct stat info {};
+    if (::lstat(path.c_str(), &info) != 0 || (info.st_mode & 077) == 0) return false;
+    return ::chmod(path.c_str(), info.st_mode & keep) == 0;
 }
 
 }  // namespace
@@ -29,11 +37,28 @@ std::filesystem::path SettingsFilePath(const HomeChoice& home, const std::string
     return XdgFolder("XDG_CONFIG_HOME", ".config") / fileName;
 }
 
-InstanceLock::InstanceLock(const std::filesystem::path& home) {
+void CreateHome(const std::filesystem::path& home) {
     std::error_code ec;
-    std::filesystem::create_directories(home, ec);
+    if (home.has_parent_path()) std::filesystem::create_directories(home.parent_path(), ec);
+    ::mkdir(home.c_str(), 0700);
+}
+
+bool MakeHomePrivate(const std::filesystem::path& home) {
+    bool changed = Tighten(home, 07700);
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it(home, ec), end; !ec && it != end;
+         it.increment(ec)) {
+        // smsc.dat, its damaged copies and its temporary file carry the centres' passwords.
+        if (it->path().filename().string().rfind("smsc.dat", 0) == 0 && it->is_regular_file(ec))
+            changed = Tighten(it->path(), 0600) || changed;
+    }
+    return changed;
+}
+
+InstanceLock::InstanceLock(const std::filesystem::path& home) {
+    CreateHome(home);
     const auto lockPath = home / ".parlane.lock";
-    fd_ = ::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
+    fd_ = ::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
     if (fd_ < 0) return;
     // flock is released by the kernel when the process dies, so no stale lock survives a crash.
     if (::flock(fd_, LOCK_EX | LOCK_NB) != 0) {

@@ -19,6 +19,13 @@ HomeChoice ChooseHome(const std::optional<std::string>& homeOption);
 // Where the settings file lives: inside an explicit home, else the XDG config folder.
 std::filesystem::path SettingsFilePath(const HomeChoice& home, const std::string& productName);
 
+// Creates the home (and the folders above it) when missing; the home itself is for its user
+// alone.
+void CreateHome(const std::filesystem::path& home);
+// Takes group and other access away from the home and from the files holding passwords. True
+// when anything had to change.
+bool MakeHomePrivate(const std::filesystem::path& home);
+
 // Holds the one-instance lock of a home for the life of the process.
 class InstanceLock {
   public:

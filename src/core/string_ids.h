@@ -326,6 +326,13 @@ inline constexpr int CopyToFolderLabel = 1136;
 inline constexpr int PageWord = 1144;
 inline constexpr int SavingToOutbox = 1186;
 inline constexpr int DamagedFileKept = 1187;
+// Our own: a table file that is not a regular file, or too large to be one, is moved aside:
+// the file's name, ": ", the reason, ", ", SetAsideAs and the new name.
+inline constexpr int NotAnOrdinaryFile = 1188;
+inline constexpr int LargerThanTableLimit = 1189;
+inline constexpr int SetAsideAs = 1191;
+// Our own, in the debug log: followed by the home's path.
+inline constexpr int HomeMadePrivate = 1192;
 inline constexpr int Unknown = 1243;
 inline constexpr int NoProgramOpens = 1314;
 inline constexpr int LabelOnline = 1321;

@@ -86,8 +86,7 @@ void frmMain::HangUpDialogue() {
 
 void frmMain::EndMessage(int statusId) {
     if (UpperBound(SendBuffer) < 1) return;  // no message left to end
-    SaveToOutbox(LoadResString(statusId), SendBuffer[1]);
-    RemoveSentMessageFromRun();
+    FinishHeadMessage(LoadResString(statusId));
 }
 
 void frmMain::RejectAndHangUp() {

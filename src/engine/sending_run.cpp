@@ -121,8 +121,7 @@ void frmMain::SendNextMessage() {
         ShowStatus(LoadResString(sid::MessageNumberPrefix) + " " +
                    std::to_string(head.MessageNumber) + " " + abort);
         // Every removal from the run leaves its archive record.
-        SaveToOutbox(abort, head);
-        RemoveSentMessageFromRun();
+        FinishHeadMessage(abort);
         c.SendAttempts = 0;
         HangUp();
         return;

@@ -28,8 +28,7 @@ void frmMain::HandleUcpText(const std::string& text) {
         LoadResString(positive ? sid::MessageSentSuccessfully : sid::MessageRejectedBySmsc);
     ShowStatus(status);
     // A refusal keeps the two blanks of its status line in the archive.
-    SaveToOutbox(positive ? status : status + "  ", SendBuffer[1]);
-    RemoveSentMessageFromRun();
+    FinishHeadMessage(positive ? status : status + "  ");
     state.UcpReceiveBuffer.clear();
     if (state.MoreInCall) {
         platform_.loop.doEvents();

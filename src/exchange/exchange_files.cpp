@@ -1,6 +1,7 @@
 #include "exchange/exchange_files.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -26,9 +27,17 @@ int ErrorNumberOf(const std::string& text) {
 }  // namespace
 
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error) {
-    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    // Never waits on a FIFO or reads a device without end.
+    const int fd = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
     if (fd < 0) {
         error = SystemError(errno);
+        return std::nullopt;
+    }
+    struct stat info {};
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        error =
+            S_ISDIR(info.st_mode) ? SystemError(EISDIR) : FileError{EINVAL, "not an ordinary file"};
+        ::close(fd);
         return std::nullopt;
     }
     std::string bytes;

@@ -55,8 +55,7 @@ void frmMain::DialCenter() {
             LoadResString(userStopped ? sid::AbortedUserPressedStop : sid::AbortedMaxDialAttempts);
         ShowStatus(LoadResString(sid::MessageNumberPrefix) + std::to_string(head.MessageNumber) +
                    " " + abort);
-        SaveToOutbox(abort, head);
-        RemoveSentMessageFromRun();
+        FinishHeadMessage(abort);
         c.DialAttempts = 0;
         HangUp();
         return;
@@ -69,11 +68,10 @@ void frmMain::DialCenter() {
 
     state.DialDevice = static_cast<std::int16_t>(LeadingNumber(centre.TapiDevice));
     if (!tapi.OpenLine(static_cast<std::uint32_t>(state.DialDevice))) {
-        SaveToOutbox(LoadResString(sid::AbortedUnableToOpenLine), head);
+        FinishHeadMessage(LoadResString(sid::AbortedUnableToOpenLine));
         tapi.ShutdownTelephony();
         tapi.InitTelephony();
         ShowStatus(LoadResString(sid::UnableToOpenLineRetrying));
-        RemoveSentMessageFromRun();
         c.DialAttempts = 0;
         HangUp();
         return;

@@ -8,23 +8,15 @@
 #include "ui/frm_main.h"
 
 namespace parlane {
-namespace {
-
-bool FileExists(const std::filesystem::path& path) {
-    std::error_code ec;
-    return std::filesystem::exists(path, ec);
-}
-
-}  // namespace
-
 std::filesystem::path frmMain::groupFile(const std::string& group) const {
     return homePath("Data") / (group + ".dat");
 }
 
 void frmMain::LoadDirectory() {
     const auto path = homePath("phones.dat");
-    if (!FileExists(path)) WriteFileAtomically(path, {});
-    auto table = ParseDirectoryFile(ReadWholeFile(path).value_or(std::string()));
+    const auto bytes = ReadTable(path);
+    if (!bytes) WriteFileAtomically(path, {});
+    auto table = ParseDirectoryFile(bytes.value_or(std::string()));
     Directory = std::move(table.records);
     Names.Clear();
     Names.Sorted = true;
@@ -44,8 +36,9 @@ void frmMain::LoadGroups() {
     const auto path = homePath("Data") / "group.dat";
     std::error_code ec;
     std::filesystem::create_directories(path.parent_path(), ec);
-    if (!FileExists(path)) WriteFileAtomically(path, {});
-    auto table = ParseNameListFile(ReadWholeFile(path).value_or(std::string()));
+    const auto bytes = ReadTable(path);
+    if (!bytes) WriteFileAtomically(path, {});
+    auto table = ParseNameListFile(bytes.value_or(std::string()));
     cmbGroupName.Clear();
     cmbGroupName.Sorted = true;
     lstGroup.Clear();
@@ -110,7 +103,8 @@ void frmMain::cmbGroupName_Click() {
     const std::string group = cmbGroupName.Text;
     if (GroupNameProblem(group) != 0) return;  // never a path of our own making
     const auto path = groupFile(group);
-    if (!FileExists(path)) {
+    const auto bytes = ReadTable(path);
+    if (!bytes) {
         const auto error = WriteFileAtomically(path, {});
         if (!error.empty()) {
             setStatusRaw(LoadResString(sid::LoadingWord) + " " + group + " " +
@@ -118,7 +112,7 @@ void frmMain::cmbGroupName_Click() {
             return;
         }
     }
-    auto table = ParseNameListFile(ReadWholeFile(path).value_or(std::string()));
+    auto table = ParseNameListFile(bytes.value_or(std::string()));
     lstGroup.SetItems(table.records);
     if (table.damaged) reportDamage(path);
     changed();
@@ -170,8 +164,7 @@ void frmMain::DeleteSelectedGroup() {
     cmbGroupName.RemoveItem(row);
     cmbGroupName.select(0);
     cmbGroupName_Click();
-    std::error_code ec;
-    if (GroupNameProblem(group) == 0) std::filesystem::remove(groupFile(group), ec);
+    if (GroupNameProblem(group) == 0) RemoveFile(groupFile(group));
     if (!WriteGroupList()) ShowStatus(LoadResString(sid::DeletingGroupName));
     changed();
 }

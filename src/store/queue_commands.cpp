@@ -17,14 +17,9 @@ std::string QueueRowText(const QueuedMessage& m) {
     return m.ProviderName + " " + m.CountryCode + " " + m.AreaCode + " " + m.Number;
 }
 
-bool FileExists(const std::filesystem::path& path) {
-    std::error_code ec;
-    return std::filesystem::exists(path, ec);
-}
-
-void RemoveFile(const std::filesystem::path& path) {
-    std::error_code ec;
-    std::filesystem::remove(path, ec);
+// A message of `table` equal to `m`, from element 1 on.
+bool Holds(const MessageTable& table, const QueuedMessage& m) {
+    return std::find(table.begin() + 1, table.end(), m) != table.end();
 }
 
 }  // namespace
@@ -130,8 +125,9 @@ bool frmMain::WriteQueueFile(const MessageTable& table, const std::string& statu
 }
 
 bool frmMain::SaveQueueBuffer() {
-    RemoveFile(homePath(kQueueFile));
-    if (UpperBound(QueueBuffer) == 0) return true;
+    // queue.dat may hold messages only it still knows of: the journal takes them first.
+    if (!JournalQueue()) return false;
+    if (UpperBound(QueueBuffer) == 0) return RemoveFile(homePath(kQueueFile));
     if (!WriteQueueFile(QueueBuffer, LoadResString(sid::SavingCurrentMessageQueue))) return false;
     // Kept in memory as well, so that a close or a crash before the restore loses nothing.
     stashedQueue_ = QueueBuffer;
@@ -150,14 +146,14 @@ MessageTable frmMain::PendingMessages() const {
 }
 
 void frmMain::SaveQueueAtExit() {
-    RemoveFile(homePath(kQueueFile));
+    // The journal holds everything until queue.dat does.
+    if (!JournalQueue()) return;
     // Messages of a run in progress and a stashed queue are saved too: a close loses nothing.
     const MessageTable pending = PendingMessages();
-    if (UpperBound(pending) > 0) {
-        if (!WriteQueueFile(pending, LoadResString(sid::SavingMessageQueue)))
-            return;  // journal stays
-    }
-    RemoveFile(homePath(kJournalFile));
+    const bool saved = UpperBound(pending) > 0
+                           ? WriteQueueFile(pending, LoadResString(sid::SavingMessageQueue))
+                           : RemoveFile(homePath(kQueueFile));
+    if (saved) RemoveFile(homePath(kJournalFile));
 }
 
 void frmMain::ShowQueueCount() {
@@ -171,30 +167,31 @@ void frmMain::ShowQueueCount() {
 
 void frmMain::LoadQueueAtStart() {
     const auto path = homePath(kQueueFile);
-    if (!FileExists(path)) return;
-    const auto bytes = ReadWholeFile(path).value_or(std::string());
-    bool damaged = false;
-    if (!bytes.empty()) {
-        auto table = ParseQueueFile(bytes);
-        damaged = table.damaged;
+    const auto bytes = ReadTable(path);
+    if (bytes && !bytes->empty()) {
+        auto table = ParseQueueFile(*bytes);
         QueueBuffer = std::move(table.records);
-        for (int i = 1; i <= UpperBound(QueueBuffer); ++i)
-            AddQueueRow(QueueBuffer[static_cast<std::size_t>(i)]);
+        QueueBuffer[0] = QueuedMessage{};
+        if (table.damaged) reportDamage(path);
     }
+    const bool journalFound = RecoverJournal();
+    if (!bytes && !journalFound) return;
+    MessageQueue.Clear();
+    for (int i = 1; i <= UpperBound(QueueBuffer); ++i)
+        AddQueueRow(QueueBuffer[static_cast<std::size_t>(i)]);
     ShowQueueCount();
     if (UpperBound(QueueBuffer) >= 1) MessageQueue.ListIndex = 0;
-    if (damaged) reportDamage(path);
-    RemoveFile(path);
-    queueChanged();
+    // queue.dat goes only once the journal holds its messages for sure.
+    if (JournalQueue() && bytes) RemoveFile(path);
 }
 
 void frmMain::timCheckSingleMessageSent_Timer() {
     if (lblInfo.Caption != LoadResString(sid::NoMoreMessages) + "  ") return;
     timCheckSingleMessageSent.setEnabled(false);
     const auto path = homePath(kQueueFile);
-    if (FileExists(path)) {
+    if (const auto bytes = ReadTable(path)) {
         ShowStatus(LoadResString(sid::RestoringSavedQueue));
-        auto table = ParseQueueFile(ReadWholeFile(path).value_or(std::string()));
+        auto table = ParseQueueFile(*bytes);
         // Messages queued during the run (by automation) stay behind the restored ones.
         MessageTable restored = std::move(table.records);
         restored.insert(restored.end(), QueueBuffer.begin() + 1, QueueBuffer.end());
@@ -229,14 +226,15 @@ bool frmMain::PrepareNextBatch() {
         if (slot.ProviderIndex == -1) {
             // The message without a centre leaves its archive record; all the others go back to
             // the queue, so the run ends with no gap in SendBuffer and nothing lost.
-            SaveToOutbox(LoadResString(sid::UnknownSmsc), slot);
+            const QueuedMessage orphan = slot;
             MessageTable back = EmptyMessageTable();
             back.insert(back.end(), SendBuffer.begin() + 1, SendBuffer.begin() + i + m);
             QueueBuffer.erase(QueueBuffer.begin() + 1, QueueBuffer.begin() + i + 1);
             SendBuffer = EmptyMessageTable();
             MoveBatchBackToQueue(std::move(back));
-            ShowStatus(LoadResString(sid::UnknownSmsc));
             queueChanged();
+            ArchiveFinished(LoadResString(sid::UnknownSmsc), orphan);
+            ShowStatus(LoadResString(sid::UnknownSmsc));
             return false;
         }
     }
@@ -258,10 +256,10 @@ bool frmMain::PrepareNextBatch() {
 }
 
 void frmMain::StopSaveBack() {
-    SaveToOutbox(LoadResString(sid::AbortedUserPressedStop), SendBuffer[1]);
+    FinishHeadMessage(LoadResString(sid::AbortedUserPressedStop));
     // Messages queued meanwhile (by automation) stay behind the ones brought back.
     MessageTable back = EmptyMessageTable();
-    back.insert(back.end(), SendBuffer.begin() + 2, SendBuffer.end());
+    back.insert(back.end(), SendBuffer.begin() + 1, SendBuffer.end());
     SendBuffer = EmptyMessageTable();
     MoveBatchBackToQueue(std::move(back));
     ShowQueueCount();
@@ -272,44 +270,40 @@ void frmMain::StopSaveBack() {
     queueChanged();
 }
 
-void frmMain::RemoveSentMessageFromRun() {
-    RemoveSentMessage(SendBuffer);
-    queueChanged();
-}
-
-void frmMain::JournalQueue() {
-    const auto path = homePath(kJournalFile);
-    const MessageTable pending = PendingMessages();
-    if (UpperBound(pending) == 0) {
-        RemoveFile(path);
-        return;
-    }
+bool frmMain::JournalQueue(const std::vector<FinishedMessage>& finishing) {
+    QueueJournal journal{PendingMessages(), finishing};
     std::string error;
-    const std::string bytes = SerializeQueueFile(pending, error);
-    if (error.empty()) WriteFileAtomically(path, bytes);
+    const std::string bytes = SerializeQueueJournal(journal, error);
+    if (!error.empty()) return false;
+    if (!WriteFileAtomically(homePath(kJournalFile), bytes).empty()) return false;
+    if (finishing.empty()) queueDirty_ = false;
+    return true;
 }
 
-void frmMain::RecoverJournal() {
+bool frmMain::RecoverJournal() {
     const auto path = homePath(kJournalFile);
-    if (!FileExists(path)) return;
-    auto table = ParseQueueFile(ReadWholeFile(path).value_or(std::string()));
-    if (table.damaged) KeepDamagedCopy(path);
-    // The journal holds everything that was pending; queue.dat may repeat part of it.
-    MessageTable recovered = std::move(table.records);
+    const auto bytes = ReadTable(path);
+    if (!bytes) return false;
+    auto journal = ParseQueueJournal(*bytes);
+    if (journal.damaged) reportDamage(path);
+    // Files promised before a kill: written now unless they made it to disk.
+    const auto outbox = homePath("SMS") / "Outbox";
+    for (const auto& file : journal.finished) {
+        if (ReadWholeFile(outbox / file.fileName) != file.content) WriteOutboxFile(file);
+    }
+    if (!journal.legacy) {
+        // The journal was written before queue.dat was touched: it is the whole truth, and a
+        // message only queue.dat still lists has been sent or deleted since.
+        QueueBuffer = std::move(journal.pending);
+        return true;
+    }
+    // An earlier version's journal, merged with queue.dat without repeating a message.
     for (int i = 1; i <= UpperBound(QueueBuffer); ++i) {
         const auto& m = QueueBuffer[static_cast<std::size_t>(i)];
-        bool known = false;
-        for (std::size_t k = 1; k < recovered.size() && !known; ++k) known = recovered[k] == m;
-        if (!known) recovered.push_back(m);
+        if (!Holds(journal.pending, m)) journal.pending.push_back(m);
     }
-    recovered[0] = QueuedMessage{};
-    QueueBuffer = std::move(recovered);
-    MessageQueue.Clear();
-    for (int i = 1; i <= UpperBound(QueueBuffer); ++i)
-        AddQueueRow(QueueBuffer[static_cast<std::size_t>(i)]);
-    ShowQueueCount();
-    if (UpperBound(QueueBuffer) >= 1) MessageQueue.ListIndex = 0;
-    queueChanged();
+    QueueBuffer = std::move(journal.pending);
+    return true;
 }
 
 }  // namespace parlane

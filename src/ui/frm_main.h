@@ -26,6 +26,7 @@
 #include "store/directory.h"
 #include "store/message_queue.h"
 #include "store/provider.h"
+#include "store/queue_journal.h"
 #include "ui/controls.h"
 #include "ui/main_layout.h"
 
@@ -360,6 +361,8 @@ class frmMain {
     const Provider* headCentre() const;
     // Queue file life.
     void LoadQueueAtStart();
+    // The content of a table file, or nothing (missing, or set aside with a status line).
+    std::optional<std::string> ReadTable(const std::filesystem::path& path);
     void SaveQueueAtExit();
     bool WriteQueueFile(const MessageTable& table, const std::string& statusText);
     void ShowQueueCount();
@@ -399,15 +402,27 @@ class frmMain {
     bool WriteGroupList();
     std::filesystem::path groupFile(const std::string& group) const;
     void reportDamage(const std::filesystem::path& file);
+    void reportFileProblem(const std::string& text);
 
-    // The recovery journal: every pending message, rewritten when the tables change.
-    void JournalQueue();
-    void RecoverJournal();
+    // The recovery journal: every pending message, rewritten (and flushed) when the tables
+    // change, with the messages in `finishing` whose archive file is about to be written.
+    bool JournalQueue(const std::vector<FinishedMessage>& finishing = {});
+    // Whatever a kill left: the journal's messages, and archive files it had promised. False
+    // when there was no journal.
+    bool RecoverJournal();
     MessageTable PendingMessages() const;
 
     // Marks the tables as changed; the journal is rewritten before control goes back to the loop.
     void queueChanged() { queueDirty_ = true; }
-    void RemoveSentMessageFromRun();
+
+    // The end of a message: the journal learns first that it is finished and which file it
+    // leaves, then the file is written, then the journal forgets it. A kill at any point
+    // neither sends it again nor loses its archive file.
+    void FinishHeadMessage(const std::string& status);
+    void ArchiveFinished(const std::string& status, const QueuedMessage& message);
+    FinishedMessage BuildOutboxFile(const std::string& status, const QueuedMessage& message);
+    // Writes the file under its name or, when that is taken, the next free one.
+    bool WriteOutboxFile(const FinishedMessage& file);
 
   public:
     // Tells the view, and keeps the journal current. Every command and timer ends with it.
@@ -422,6 +437,8 @@ class frmMain {
     // The queue set aside by a single-message run, until the run's end brings it back.
     std::optional<MessageTable> stashedQueue_;
     bool queueDirty_ = false;
+    // Damaged or odd files met while loading, said again at its end.
+    std::vector<std::string> loadProblems_;
     // What changed() saw last of the centre and the text.
     int changedCentre_ = -2;
     std::string changedText_ = "\x01";

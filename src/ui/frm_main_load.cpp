@@ -1,8 +1,11 @@
 // Loading and closing the main window.
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 
 #include "config/frm_modem.h"
 #include "core/file_io.h"
+#include "core/home.h"
 #include "core/string_ids.h"
 #include "ui/frm_directory_add.h"
 #include "ui/frm_main.h"
@@ -11,16 +14,38 @@ namespace parlane {
 
 void frmMain::reportDamage(const std::filesystem::path& file) {
     const auto aside = KeepDamagedCopy(file);
-    ShowStatus(file.filename().string() + ": " + LoadResString(sid::DamagedFileKept) + " " +
-               (aside ? aside->filename().string() : std::string("?")));
+    reportFileProblem(file.filename().string() + ": " + LoadResString(sid::DamagedFileKept) + " " +
+                      (aside ? aside->filename().string() : std::string("?")));
+}
+
+// Later steps of the start write the status line too: what happened to the files is said again
+// once the window is loaded.
+void frmMain::reportFileProblem(const std::string& text) {
+    ShowStatus(text);
+    if (!loaded_) loadProblems_.push_back(text);
+}
+
+std::optional<std::string> frmMain::ReadTable(const std::filesystem::path& path) {
+    auto read = ReadTableFile(path);
+    if (read.kind == TableFileRead::Read) return std::move(read.bytes);
+    if (read.kind == TableFileRead::Missing) return std::nullopt;
+    // Whatever it is, it is kept, but out of the way: the next rewrite must not go through it.
+    const std::string reason =
+        read.kind == TableFileRead::NotRegular ? LoadResString(sid::NotAnOrdinaryFile)
+        : read.kind == TableFileRead::TooLarge ? LoadResString(sid::LargerThanTableLimit)
+                                               : std::string(std::strerror(read.error));
+    const auto aside = SetFileAside(path);
+    reportFileProblem(path.filename().string() + ": " + reason + ", " +
+                      (aside ? LoadResString(sid::SetAsideAs) + " " + aside->filename().string()
+                             : std::string(std::strerror(errno))));
+    return std::nullopt;
 }
 
 void frmMain::LoadProviders() {
     const auto path = homePath("smsc.dat");
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec)) WriteFileAtomically(path, {});
-    const auto bytes = ReadWholeFile(path).value_or(std::string());
-    auto table = ParseProviderFile(bytes);
+    const auto bytes = ReadTable(path);
+    if (!bytes) WriteFileAtomically(path, {});
+    auto table = ParseProviderFile(bytes.value_or(std::string()));
     Providers = std::move(table.records);
     if (table.damaged) reportDamage(path);
 }
@@ -50,6 +75,8 @@ void frmMain::Form_Load() {
     // Step 4.
     state.UcpDialogue = false;
     tapi.InitTelephony();
+    if (MakeHomePrivate(platform_.home))
+        debugLog.AppendLog(LoadResString(sid::HomeMadePrivate) + " " + platform_.home.string());
 
     // Steps 5 and 6.
     LoadProviders();
@@ -85,6 +112,7 @@ void frmMain::Form_Load() {
     std::error_code ec;
     std::filesystem::create_directories(homePath("SMS") / "Outbox", ec);
     std::filesystem::create_directories(homePath("Data"), ec);
+    RemoveUnfinishedFiles(homePath("SMS") / "Outbox");
 
     // Steps 13 and 14: the optional panels.
     const auto queueView = settings_.GetSettingInt("Queue", "View", 0);
@@ -100,9 +128,8 @@ void frmMain::Form_Load() {
     LoadDirectory();
     LoadGroups();
 
-    // Step 18, then whatever a crash left behind.
+    // Step 18, with whatever a crash left behind.
     LoadQueueAtStart();
-    RecoverJournal();
 
     // Step 20.
     LoadFormCaptions();
@@ -116,6 +143,12 @@ void frmMain::Form_Load() {
     if (mnuTools.Checked) ShowForm("frmToolWindow");
 
     loaded_ = true;
+    if (!loadProblems_.empty()) {
+        std::string all;
+        for (const auto& problem : loadProblems_) all += (all.empty() ? "" : "; ") + problem;
+        ShowStatus(all);
+        loadProblems_.clear();
+    }
     changed();
 }
 

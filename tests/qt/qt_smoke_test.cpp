@@ -1,6 +1,7 @@
 // The Qt side on the offscreen platform: the window mirrors its model and forwards commands,
 // settings keep their bytes, and the real loop's waits serve timers.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QComboBox>
 #include <QLabel>
@@ -8,6 +9,8 @@
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
 #include <QTest>
+#include <chrono>
+#include <fstream>
 #include <thread>
 
 #include "core/timer.h"
@@ -51,6 +54,23 @@ TEST(QtMainWindow, TypedTextReachesTheModelAndQueueRunsThroughIt) {
     window.findChild<QAction*>("mnuQueue")->trigger();
     EXPECT_EQ(p.dialogues.shown.size(), 1u);
     EXPECT_TRUE(message->hasFocus() || QApplication::focusWidget() == nullptr);
+}
+
+TEST(QtMainWindow, ComesUpAtOnceBesideAFifoAndAHugeTable) {
+    testing::TestPlatform p;
+    ::mkfifo((p.home / "smsc.dat").c_str(), 0600);
+    std::filesystem::resize_file((std::ofstream(p.home / "phones.dat"), p.home / "phones.dat"),
+                                 100u << 20);
+    const auto started = std::chrono::steady_clock::now();
+    auto& form = p.load();
+    MainWindow window(form);
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(1));
+    // Both are said again once the start is over, whatever the later steps wrote.
+    EXPECT_EQ(window.findChild<QLabel*>("lblInfo")->text().toStdString(),
+              "smsc.dat: Not an ordinary file, set aside as smsc.dat.damaged-1; "
+              "phones.dat: Larger than 32 MB, set aside as phones.dat.damaged-1  ");
 }
 
 TEST(QtSettings, IniKeepsEveryByteAndMissingKeysAreMissing) {
