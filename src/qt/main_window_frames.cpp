@@ -91,6 +91,12 @@ void MainWindow::buildMobile() {
     Names_->setCompleter(nullptr);  // the model completes names by its own rule
     Country_ = new QComboBox(fraMobile_);
     Country_->setObjectName("Country");
+    // The layout gives them their width: measuring every row of a long directory (or of a
+    // damaged one, with names thousands of characters long) would hold up the first show.
+    for (auto* box : {Names_, Country_}) {
+        box->setMinimumContentsLength(12);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    }
     txtCountryCode_ = addNumberField(fraMobile_, "txtCountryCode", form_.txtCountryCode);
     txtAreaCode_ = addNumberField(fraMobile_, "txtAreaCode", form_.txtAreaCode);
     txtNumber_ = addNumberField(fraMobile_, "txtNumber", form_.txtNumber);
@@ -118,6 +124,8 @@ void MainWindow::buildGroup() {
     auto* box = new QVBoxLayout(fraGroup_);
     cmbGroupName_ = new QComboBox(fraGroup_);
     cmbGroupName_->setObjectName("cmbGroupName");
+    cmbGroupName_->setMinimumContentsLength(12);
+    cmbGroupName_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     lstGroup_ = new QListWidget(fraGroup_);
     lstGroup_->setObjectName("lstGroup");
     lstGroup_->setContextMenuPolicy(Qt::CustomContextMenu);

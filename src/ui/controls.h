@@ -76,11 +76,15 @@ inline int ListControl::AddItem(std::string row) {
 }
 
 inline void ListControl::SetItems(std::vector<std::string> items) {
-    if (Sorted)
-        std::stable_sort(items.begin(), items.end(),
-                         [](const std::string& a, const std::string& b) {
-                             return Cp1252LowerCase(a) < Cp1252LowerCase(b);
-                         });
+    if (Sorted) {
+        // Each row is lowered once, not at every comparison.
+        std::vector<std::pair<std::string, std::string>> keyed;
+        keyed.reserve(items.size());
+        for (auto& item : items) keyed.emplace_back(Cp1252LowerCase(item), std::move(item));
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        for (std::size_t i = 0; i < keyed.size(); ++i) items[i] = std::move(keyed[i].second);
+    }
     rows = std::move(items);
     ListIndex = -1;
 }
