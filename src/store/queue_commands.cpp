@@ -3,6 +3,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "archive/message_file.h"
 #include "core/file_io.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
@@ -288,7 +289,11 @@ bool frmMain::RecoverJournal() {
     if (journal.damaged) reportDamage(path);
     // Files promised before a kill: written now unless they made it to disk.
     const auto outbox = homePath("SMS") / "Outbox";
-    for (const auto& file : journal.finished) {
+    for (auto& file : journal.finished) {
+        // A damaged journal must not send the file anywhere but into the Outbox.
+        if (file.fileName.size() < 17 || file.fileName.find('/') != std::string::npos ||
+            file.fileName.front() == '.')
+            file.fileName = ArchiveTimeStamp(platform_.loop.wallClock()) + ".msg";
         if (ReadWholeFile(outbox / file.fileName) != file.content) WriteOutboxFile(file);
     }
     if (!journal.legacy) {

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 
 #include "store/message_queue.h"
 #include "store/provider.h"
+#include "store/queue_journal.h"
 
 namespace parlane {
 namespace {
@@ -95,6 +97,42 @@ TEST(RecordFiles, DamagedFilesKeepTheWholeRecordsBeforeTheDamage) {
         RecordReader reader(array);
         EXPECT_FALSE(reader.readByteArray(out));
         EXPECT_TRUE(reader.damaged());
+    }
+}
+
+TEST(QueueJournal, RoundTripOldFormCutsAndNoise) {
+    QueueJournal journal;
+    journal.pending.push_back({"44", "07", "1", "waiting", 1, 0, "C"});
+    journal.finished.push_back({{"44", "07", "2", "gone", 2, 1, "C"},
+                                "261124 101500-2.msg",
+                                std::string(70000, 'x') + "\r\n"});
+    std::string error;
+    const std::string bytes = SerializeQueueJournal(journal, error);
+    const auto read = ParseQueueJournal(bytes);
+    EXPECT_EQ(read.pending, journal.pending);
+    EXPECT_EQ(read.finished, journal.finished);
+    EXPECT_FALSE(read.damaged || read.legacy);
+
+    // An earlier version wrote queue.dat's form.
+    const auto legacy = ParseQueueJournal(SerializeQueueFile(journal.pending, error));
+    EXPECT_TRUE(legacy.legacy);
+    EXPECT_EQ(legacy.pending, journal.pending);
+
+    // Every cut keeps what came before it and is damage; noise never crashes.
+    const std::size_t pendingEnd =
+        SerializeQueueJournal(QueueJournal{journal.pending, {}}, error).size() - 4;
+    for (std::size_t cut = 1; cut < bytes.size(); cut += cut < 200 ? 1 : 997) {
+        const auto part = ParseQueueJournal(std::string_view(bytes).substr(0, cut));
+        EXPECT_TRUE(part.damaged) << cut;
+        EXPECT_EQ(UpperBound(part.pending), cut >= pendingEnd ? 1 : 0) << cut;
+        EXPECT_TRUE(part.finished.empty()) << cut;
+    }
+    std::mt19937 random(3);
+    for (int i = 0; i < 2000; ++i) {
+        std::string noise = bytes.substr(0, 27 + random() % 80);
+        for (int flips = 0; flips < 4; ++flips)
+            noise[random() % noise.size()] = static_cast<char>(random());
+        ParseQueueJournal(noise);
     }
 }
 
