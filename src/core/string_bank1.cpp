@@ -360,6 +360,9 @@ constexpr std::array kBank1 = {
     BankString{sid::NoProgramOpens, "No program on this desktop opens"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
+    BankString{sid::FolderNameNotAllowed,
+               "This name cannot be used for a Folder. Please choose a name without / \\ or "
+               "control characters that does not begin with a dot"},
     BankString{sid::MessageLabel, "Message:"},
     BankString{sid::TitleSaveDebugFile, "Save Debug File"},
     BankString{sid::ColumnDateSent, "Date Sent:"},

@@ -337,6 +337,8 @@ inline constexpr int Unknown = 1243;
 inline constexpr int NoProgramOpens = 1314;
 inline constexpr int LabelOnline = 1321;
 inline constexpr int WindowNotAvailable = 1322;
+// Our own: a folder's name that would not stay a folder under the archive root.
+inline constexpr int FolderNameNotAllowed = 1323;
 inline constexpr int MessageLabel = 1324;
 inline constexpr int ColumnDateSent = 1326;
 inline constexpr int ColumnTo = 1327;

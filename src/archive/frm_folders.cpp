@@ -1,0 +1,339 @@
+// The folder browser and its two small dialogues.
+#include "archive/frm_folders.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include "core/cp1252.h"
+#include "core/file_io.h"
+#include "core/string_ids.h"
+#include "ui/frm_main.h"
+
+namespace parlane {
+namespace {
+
+constexpr const char* kOutbox = "Outbox";
+
+bool IsMessageFile(const std::string& name) {
+    return name.size() > 4 && name.front() != '.' &&
+           Cp1252LowerCase(name.substr(name.size() - 4)) == ".msg";
+}
+
+char Cp1252Upper(char c) {
+    for (int b = 0; b < 256; ++b)
+        if (static_cast<char>(b) != c && Cp1252Lower(static_cast<char>(b)) == c)
+            return static_cast<char>(b);
+    return c;
+}
+
+// Files of one second keep the order they were written in: "x.msg", "x-2.msg", ... "x-10.msg".
+int SecondsSuffix(const std::string& name) {
+    if (name.size() < 15 || name[13] != '-') return 1;
+    return std::atoi(name.c_str() + 14);
+}
+
+bool SameFolder(const std::string& a, const std::string& b) {
+    return Cp1252LowerCase(a) == Cp1252LowerCase(b);
+}
+
+}  // namespace
+
+std::string FolderDisplayName(const std::string& directory) {
+    std::string shown = Cp1252LowerCase(directory);
+    if (!shown.empty()) shown[0] = Cp1252Upper(shown[0]);
+    return shown;
+}
+
+std::vector<FolderNode> FillFolderTree(const std::filesystem::path& archiveRoot) {
+    std::vector<FolderNode> nodes;
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it(archiveRoot, ec), end; !ec && it != end;
+         it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        std::error_code typeError;
+        if (name.empty() || name[0] == '.' || !it->is_directory(typeError)) continue;
+        nodes.push_back({FolderDisplayName(name), name});
+    }
+    std::sort(nodes.begin(), nodes.end(), [](const FolderNode& a, const FolderNode& b) {
+        return Cp1252LowerCase(a.text) < Cp1252LowerCase(b.text);
+    });
+    return nodes;
+}
+
+int FolderNameProblem(const std::string& name) {
+    // A folder's name is a directory under the archive root and never a path.
+    if (name == "." || name == ".." || name.front() == '.' || name.size() > 200)
+        return sid::FolderNameNotAllowed;
+    for (unsigned char c : name)
+        if (c < 0x20 || c == 0x7F || c == '/' || c == '\\') return sid::FolderNameNotAllowed;
+    return 0;
+}
+
+frmFolders::frmFolders(frmMain& main, ShellFileOperations& shell) : main_(main), shell_(shell) {}
+
+std::filesystem::path frmFolders::ArchiveRoot() const {
+    return main_.homePath("SMS");
+}
+
+std::filesystem::path frmFolders::folderPath(const std::string& folder) const {
+    // The tree's text may differ in case from the directory: the directory's own name is used.
+    for (const auto& node : folders)
+        if (node.text == folder || node.directory == folder) return ArchiveRoot() / node.directory;
+    return ArchiveRoot() / folder;
+}
+
+void frmFolders::Form_Load() {
+    rootText = main_.LoadResString(sid::TipSentMessages);
+    std::error_code ec;
+    std::filesystem::create_directories(ArchiveRoot() / kOutbox, ec);
+    folders = FillFolderTree(ArchiveRoot());
+    selectedNode = kRootNode;
+    sortColumn = ColumnKey;
+    ascending = false;
+}
+
+void frmFolders::tvwView_NodeClick(int nodeIndex) {
+    if (nodeIndex < kRootNode || nodeIndex > static_cast<int>(folders.size()) + 1) return;
+    selectedNode = nodeIndex;
+    CurrentNodeIndex = nodeIndex;
+    CurrentFolder =
+        nodeIndex == kRootNode ? rootText : folders[static_cast<std::size_t>(nodeIndex - 2)].text;
+    ListCurrentFolder();
+}
+
+bool frmFolders::tvwView_BeforeLabelEdit() const {
+    return selectedNode > kRootNode && !SameFolder(CurrentFolder, kOutbox);
+}
+
+void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
+    if (!tvwView_BeforeLabelEdit() || newText.empty() || newText == CurrentFolder) return;
+    if (const int problem = FolderNameProblem(newText)) {
+        main_.ShowMessageBox(main_.LoadResString(problem), MbExclamation);
+        return;
+    }
+    const auto from = folderPath(CurrentFolder);
+    const auto to = ArchiveRoot() / newText;
+    std::error_code ec;
+    // rename() would replace an empty folder of that name; an existing one is never touched.
+    if (std::filesystem::exists(to, ec) && !SameFolder(from.filename().string(), newText)) {
+        Report(std::strerror(EEXIST));
+        return;
+    }
+    std::filesystem::rename(from, to, ec);
+    if (ec) {
+        Report(ec.message());
+        return;
+    }
+    auto& node = folders[static_cast<std::size_t>(selectedNode - 2)];
+    node = {newText, newText};
+    // The list goes on showing the same folder under its new name.
+    CurrentFolder = newText;
+}
+
+const MessageSummary& frmFolders::Summary(int row) {
+    auto& r = rows[static_cast<std::size_t>(row)];
+    if (!r.summary) {
+        const auto text = ReadWholeFile(folderPath(CurrentFolder) / r.fileName);
+        r.summary =
+            ReadMessageSummary(text.value_or(std::string()), r.fileName, main_.platform().formats);
+    }
+    return *r.summary;
+}
+
+void frmFolders::ListCurrentFolder() {
+    rows.clear();
+    selectedRows.clear();
+    txtMessage.clear();
+    if (CurrentNodeIndex <= kRootNode) return;  // the root is no directory
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it(folderPath(CurrentFolder), ec), end;
+         !ec && it != end; it.increment(ec)) {
+        std::string name = it->path().filename().string();
+        if (IsMessageFile(name)) rows.push_back({std::move(name), std::nullopt});
+    }
+    SortRows();
+}
+
+void frmFolders::SortRows() {
+    // The date's key is the head of the file's name: that order needs no file read.
+    const auto byKey = [](const Row& a, const Row& b) {
+        const auto keyA = a.fileName.substr(0, 13), keyB = b.fileName.substr(0, 13);
+        if (keyA != keyB) return keyA < keyB;
+        const int suffixA = SecondsSuffix(a.fileName), suffixB = SecondsSuffix(b.fileName);
+        if (suffixA != suffixB) return suffixA < suffixB;
+        return a.fileName < b.fileName;
+    };
+    if (sortColumn == ColumnTo) {
+        for (int i = 0; i < static_cast<int>(rows.size()); ++i) Summary(i);
+        std::stable_sort(rows.begin(), rows.end(), byKey);
+        std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
+            return Cp1252LowerCase(a.summary->recipient) < Cp1252LowerCase(b.summary->recipient);
+        });
+    } else {
+        std::sort(rows.begin(), rows.end(), byKey);
+    }
+    if (!ascending) std::reverse(rows.begin(), rows.end());
+}
+
+void frmFolders::lstData_ColumnClick(int column) {
+    if (column == ColumnStatus) return;
+    sortColumn = column == ColumnTo ? ColumnTo : ColumnKey;
+    ascending = !ascending;
+    // The selection follows its rows.
+    std::vector<std::string> chosen;
+    for (int row : selectedRows) chosen.push_back(rows[static_cast<std::size_t>(row)].fileName);
+    SortRows();
+    selectedRows.clear();
+    for (int i = 0; i < static_cast<int>(rows.size()); ++i)
+        if (std::find(chosen.begin(), chosen.end(), rows[static_cast<std::size_t>(i)].fileName) !=
+            chosen.end())
+            selectedRows.push_back(i);
+}
+
+void frmFolders::ReadPreview(int row) {
+    OpenPath = (folderPath(CurrentFolder) / rows[static_cast<std::size_t>(row)].fileName).string();
+    txtMessage = ReadWholeFile(OpenPath).value_or(std::string());
+}
+
+void frmFolders::lstData_ItemClick(int row) {
+    if (row < 0 || row >= static_cast<int>(rows.size())) return;
+    ReadPreview(row);
+    const auto at = txtMessage.find(main_.LoadResString(sid::MessageLabel));
+    if (at != std::string::npos) txtMessage = txtMessage.substr(at);
+}
+
+void frmFolders::mnuOpen_Click() {
+    if (selectedRows.empty()) return;
+    ReadPreview(selectedRows.front());
+    const std::string content = ReadWholeFile(OpenPath).value_or(std::string());
+    if (openMessage) openMessage(content);
+    OpenPath.clear();
+    lstData_ItemClick(selectedRows.front());
+}
+
+void frmFolders::mnuCreate_Click() {
+    const std::string name = askNewFolderName ? askNewFolderName() : std::string();
+    if (name.empty()) return;
+    std::error_code ec;
+    if (!std::filesystem::create_directory(ArchiveRoot() / name, ec)) {
+        Report(ec ? ec.message() : std::strerror(EEXIST));
+        return;
+    }
+    folders.push_back({name, name});
+    std::sort(folders.begin(), folders.end(), [](const FolderNode& a, const FolderNode& b) {
+        return Cp1252LowerCase(a.text) < Cp1252LowerCase(b.text);
+    });
+}
+
+void frmFolders::mnuDelete_Click() {
+    if (SameFolder(CurrentFolder, kOutbox) && CurrentNodeIndex > kRootNode) {
+        main_.ShowMessageBox(main_.LoadResString(sid::CannotDeleteOutbox), MbExclamation);
+        return;
+    }
+    if (CurrentNodeIndex < 2) {
+        main_.ShowMessageBox(main_.LoadResString(sid::PleaseChooseFolder), MbExclamation);
+        return;
+    }
+    Report(shell_.Delete({folderPath(CurrentFolder)}));
+    folders = FillFolderTree(ArchiveRoot());
+    // Nothing acts on the folder that went: the root is chosen again.
+    selectedNode = kRootNode;
+    CurrentNodeIndex = kRootNode;
+    CurrentFolder = rootText;
+    ListCurrentFolder();
+}
+
+std::vector<std::filesystem::path> frmFolders::selectedPaths() const {
+    std::vector<std::filesystem::path> paths;
+    for (int row : selectedRows)
+        paths.push_back(folderPath(CurrentFolder) / rows[static_cast<std::size_t>(row)].fileName);
+    return paths;
+}
+
+void frmFolders::MoveOrCopy(bool copy) {
+    const auto target = chooseTargetFolder ? chooseTargetFolder(copy) : std::nullopt;
+    if (!target) return;
+    const auto paths = selectedPaths();
+    if (paths.empty()) return;
+    Report(copy ? shell_.Copy(paths, folderPath(*target))
+                : shell_.Move(paths, folderPath(*target)));
+    ListCurrentFolder();
+}
+
+void frmFolders::mnuDeleteFile_Click() {
+    const auto paths = selectedPaths();
+    if (paths.empty()) return;
+    Report(shell_.Delete(paths));
+    ListCurrentFolder();
+}
+
+bool frmFolders::CanDropOn(int nodeIndex) const {
+    return nodeIndex > kRootNode && nodeIndex <= static_cast<int>(folders.size()) + 1 &&
+           folders[static_cast<std::size_t>(nodeIndex - 2)].text != CurrentFolder;
+}
+
+void frmFolders::DropOnNode(int nodeIndex) {
+    if (!CanDropOn(nodeIndex)) return;
+    const auto paths = selectedPaths();
+    if (paths.empty()) return;
+    Report(shell_.Move(paths,
+                       ArchiveRoot() / folders[static_cast<std::size_t>(nodeIndex - 2)].directory));
+    ListCurrentFolder();
+}
+
+void frmFolders::Report(const std::string& error) {
+    if (!error.empty()) main_.ShowMessageBox(error, MbExclamation);
+}
+
+void frmFolderAdd::cmdOK_Click() {
+    if (txtName.empty()) {
+        main_.ShowMessageBox(main_.LoadResString(sid::PleaseEnterFolderName), MbInformation);
+        focusedControl = "txtName";
+        return;
+    }
+    if (const int problem = FolderNameProblem(txtName)) {
+        main_.ShowMessageBox(main_.LoadResString(problem), MbExclamation);
+        focusedControl = "txtName";
+        return;
+    }
+    NewFolderName = txtName;
+    unloaded = true;
+}
+
+void frmFolderAdd::cmdCancel_Click() {
+    NewFolderName.clear();
+    unloaded = true;
+}
+
+frmMove::frmMove(const std::filesystem::path& archiveRoot, bool copy)
+    : titleId(copy ? sid::TitleCopy : sid::TitleFrmMove),
+      infoId(copy ? sid::CopyToFolderLabel : sid::MoveToFolderLabel),
+      folders(FillFolderTree(archiveRoot)) {}
+
+void frmMove::tvwView_NodeClick(int nodeIndex) {
+    if (nodeIndex < frmFolders::kRootNode || nodeIndex > static_cast<int>(folders.size()) + 1)
+        return;
+    selectedNode_ = nodeIndex;
+    cmdOKEnabled = nodeIndex > frmFolders::kRootNode;
+    if (cmdOKEnabled) TargetFolder = folders[static_cast<std::size_t>(nodeIndex - 2)].text;
+}
+
+void frmMove::tvwView_DblClick() {
+    if (selectedNode_ > frmFolders::kRootNode) cmdOK_Click();
+}
+
+void frmMove::cmdOK_Click() {
+    if (!cmdOKEnabled) return;
+    FolderDialogAccepted = true;
+    unloaded = true;
+}
+
+void frmMove::cmdCancel_Click() {
+    FolderDialogAccepted = false;
+    TargetFolder.clear();
+    unloaded = true;
+}
+
+}  // namespace parlane
