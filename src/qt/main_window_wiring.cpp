@@ -10,6 +10,7 @@
 #include "core/string_ids.h"
 #include "qt/artwork.h"
 #include "qt/dialogs/directory_dialogs.h"
+#include "qt/dialogs/archive_windows.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
@@ -163,6 +164,8 @@ void MainWindow::showForm(const std::string& form) {
         ShowBackupDialog(this, form_);
     } else if (form == "frmRestore") {
         ShowRestoreDialog(this, form_);
+    } else if (form == "frmFolders") {
+        ShowFoldersWindow(this, form_);
     } else {
         form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
     }
