@@ -4,11 +4,14 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QMessageBox>
+#include <QTableView>
 #include <QThread>
 #include <QTimer>
+#include <QTreeWidget>
 #include <cstdio>
 #include <functional>
 
+#include "core/file_io.h"
 #include "core/program.h"
 #include "core/string_ids.h"
 #include "demo_home.h"
@@ -17,6 +20,7 @@
 #include "line/device_list.h"
 #include "line/simulated_modem.h"
 #include "qt/artwork.h"
+#include "qt/dialogs/archive_windows.h"
 #include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
@@ -137,6 +141,26 @@ void ShootDialogues(MainWindow& window, frmMain& form, QtDialogueHost& dialogues
     }
     ShootModal("frmDirectoryAdd", [&form] { form.mnuNew_Click(); });
     ShootModal("frmGroupAdd", [&form] { form.AddNewGroup(); });
+    // The archive: two finished messages, the Outbox chosen and the newest one previewed.
+    form.SaveToOutbox(form.LoadResString(sid::MessageSentSuccessfully),
+                      {"44", "07700", "900123", "Running late, see you at eight.", 1, 0, ""});
+    form.SaveToOutbox(form.LoadResString(sid::MessageRejectedBySmsc),
+                      {"39", "0347", "5550199", "Meeting moved to Thursday.", 2, 0, ""});
+    QTimer::singleShot(150, [] {
+        QWidget* browser = QApplication::activeModalWidget();
+        auto* tree = browser ? browser->findChild<QTreeWidget*>("tvwView") : nullptr;
+        auto* list = browser ? browser->findChild<QTableView*>("lstData") : nullptr;
+        if (!tree || !list) return;
+        tree->setCurrentItem(tree->topLevelItem(0)->child(0));
+        list->selectRow(0);
+    });
+    ShootModal("frmFolders", [&window, &form] { ShowFoldersWindow(&window, form); });
+    const auto outbox = QDir(QString::fromStdString(form.homePath("SMS").string()) + "/Outbox");
+    const auto files = outbox.entryList({"*.msg"}, QDir::Files, QDir::Name);
+    const std::string content =
+        files.isEmpty() ? std::string()
+                        : ReadWholeFile(outbox.filePath(files.first()).toStdString()).value_or("");
+    ShootModal("frmOpen", [&] { ShowOpenMessageWindow(&window, form, content); });
     {
         ToolWindow tools(&window, form);
         std::vector<QIcon> icons;

@@ -224,11 +224,22 @@ class FoldersWindow : public QDialog {
         table_->setShowGrid(false);
         table_->horizontalHeader()->setStretchLastSection(true);
         table_->horizontalHeader()->setSortIndicatorShown(true);
+        table_->horizontalHeader()->setSortIndicator(0, Qt::DescendingOrder);
+        table_->setWordWrap(false);
+        table_->setColumnWidth(0, 190);
+        table_->setColumnWidth(1, 170);
         table_->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this,
                 [this](int section) {
                     syncSelection();
                     run([this, section] { model_.lstData_ColumnClick(section + 1); });
+                });
+        // The preview follows the current row, by mouse or keys; it changes nothing else.
+        connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+                [this](const QModelIndex& current) {
+                    if (!current.isValid()) return;
+                    model_.lstData_ItemClick(current.row());
+                    preview_->setPlainText(ToQt(model_.txtMessage));
                 });
         // A double click and Enter.
         connect(table_, &QTableView::activated, this, [this] { run(&frmFolders::mnuOpen_Click); });
