@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <string_view>
 
 #include "core/cp1252.h"
 #include "core/file_io.h"
@@ -159,20 +160,24 @@ void frmFolders::ListCurrentFolder() {
 void frmFolders::SortRows() {
     // The date's key is the head of the file's name: that order needs no file read.
     const auto byKey = [](const Row& a, const Row& b) {
-        const auto keyA = a.fileName.substr(0, 13), keyB = b.fileName.substr(0, 13);
+        const std::string_view keyA = std::string_view(a.fileName).substr(0, 13);
+        const std::string_view keyB = std::string_view(b.fileName).substr(0, 13);
         if (keyA != keyB) return keyA < keyB;
         const int suffixA = SecondsSuffix(a.fileName), suffixB = SecondsSuffix(b.fileName);
         if (suffixA != suffixB) return suffixA < suffixB;
         return a.fileName < b.fileName;
     };
+    std::sort(rows.begin(), rows.end(), byKey);
     if (sortColumn == ColumnTo) {
-        for (int i = 0; i < static_cast<int>(rows.size()); ++i) Summary(i);
-        std::stable_sort(rows.begin(), rows.end(), byKey);
-        std::stable_sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) {
-            return Cp1252LowerCase(a.summary->recipient) < Cp1252LowerCase(b.summary->recipient);
-        });
-    } else {
-        std::sort(rows.begin(), rows.end(), byKey);
+        // Each recipient is lowered once; equal ones stay in date order.
+        std::vector<std::pair<std::string, Row>> keyed;
+        keyed.reserve(rows.size());
+        for (int i = 0; i < static_cast<int>(rows.size()); ++i)
+            keyed.emplace_back(Cp1252LowerCase(Summary(i).recipient),
+                               std::move(rows[static_cast<std::size_t>(i)]));
+        std::stable_sort(keyed.begin(), keyed.end(),
+                         [](const auto& a, const auto& b) { return a.first < b.first; });
+        for (std::size_t i = 0; i < keyed.size(); ++i) rows[i] = std::move(keyed[i].second);
     }
     if (!ascending) std::reverse(rows.begin(), rows.end());
 }
