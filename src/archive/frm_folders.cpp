@@ -16,6 +16,9 @@ namespace parlane {
 namespace {
 
 constexpr const char* kOutbox = "Outbox";
+// An archive file holds one message of at most 65,535 bytes and five short lines; whatever
+// else a file of that name holds is not read.
+constexpr std::size_t kMessageFileReadLimit = 1 << 20;
 
 bool IsMessageFile(const std::string& name) {
     return name.size() > 4 && name.front() != '.' &&
@@ -136,7 +139,8 @@ void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
 const MessageSummary& frmFolders::Summary(int row) {
     auto& r = rows[static_cast<std::size_t>(row)];
     if (!r.summary) {
-        const auto text = ReadWholeFile(folderPath(CurrentFolder) / r.fileName);
+        const auto text =
+            ReadFileStart(folderPath(CurrentFolder) / r.fileName, kMessageFileReadLimit);
         r.summary =
             ReadMessageSummary(text.value_or(std::string()), r.fileName, main_.platform().formats);
     }
@@ -199,7 +203,7 @@ void frmFolders::lstData_ColumnClick(int column) {
 
 void frmFolders::ReadPreview(int row) {
     OpenPath = (folderPath(CurrentFolder) / rows[static_cast<std::size_t>(row)].fileName).string();
-    txtMessage = ReadWholeFile(OpenPath).value_or(std::string());
+    txtMessage = ReadFileStart(OpenPath, kMessageFileReadLimit).value_or(std::string());
 }
 
 void frmFolders::lstData_ItemClick(int row) {
@@ -212,7 +216,8 @@ void frmFolders::lstData_ItemClick(int row) {
 void frmFolders::mnuOpen_Click() {
     if (selectedRows.empty()) return;
     ReadPreview(selectedRows.front());
-    const std::string content = ReadWholeFile(OpenPath).value_or(std::string());
+    const std::string content =
+        ReadFileStart(OpenPath, kMessageFileReadLimit).value_or(std::string());
     if (openMessage) openMessage(content);
     OpenPath.clear();
     lstData_ItemClick(selectedRows.front());

@@ -108,6 +108,19 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
     return read.bytes;
 }
 
+std::optional<std::string> ReadFileStart(const std::filesystem::path& path, std::size_t maxBytes) {
+    const int fd = OpenForReading(path);
+    if (fd < 0) return std::nullopt;
+    struct stat info {};
+    std::string bytes;
+    const bool ok = ::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) &&
+                    ReadAll(fd, maxBytes > 0 ? maxBytes - 1 : 0, bytes);
+    ::close(fd);
+    if (!ok) return std::nullopt;
+    if (bytes.size() > maxBytes) bytes.resize(maxBytes);
+    return bytes;
+}
+
 TableFileRead ReadTableFile(const std::filesystem::path& path, std::uintmax_t limit) {
     TableFileRead result;
     const int fd = OpenForReading(path);

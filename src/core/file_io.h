@@ -16,6 +16,9 @@ namespace parlane {
 // (a FIFO or a device would block or never end).
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& path);
 
+// At most `maxBytes` from the start of a regular file.
+std::optional<std::string> ReadFileStart(const std::filesystem::path& path, std::size_t maxBytes);
+
 // A table file as the start reads it: never blocking, never larger than the limit.
 struct TableFileRead {
     enum Kind { Missing, Read, NotRegular, TooLarge, Unreadable } kind = Missing;

@@ -2,6 +2,7 @@
 // the print layout on a printer that records what it is told.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
 
 #include "archive/frm_folders.h"
@@ -211,6 +212,37 @@ TEST(FolderBrowser, CommandRulesOnRootOutboxAndFolders) {
     browser.mnuDelete_Click();
     EXPECT_EQ(shell.deleted, std::vector<std::filesystem::path>{root / "Kept"});
     EXPECT_EQ(browser.folders.size(), 1u);
+}
+
+TEST(FolderBrowser, OddFilesAndAFolderThatVanished) {
+    TestPlatform p;
+    auto& f = p.load();
+    const auto outbox = p.home / "SMS" / "Outbox";
+    WriteFileAtomically(outbox / "261101 090000.msg", "");
+    WriteFileAtomically(outbox / "261101 090001.msg", std::string("\0\xff\r\x01Status:", 12));
+    std::filesystem::resize_file(
+        (std::ofstream(outbox / "261101 090002.msg"), outbox / "261101 090002.msg"), 50u << 20);
+    std::filesystem::create_directory(outbox / "261101 090003.msg");  // not a file at all
+    RecordingShell shell;
+    frmFolders browser(f, shell);
+    browser.Form_Load();
+    browser.tvwView_NodeClick(2);
+    ASSERT_EQ(browser.rows.size(), 4u);
+    for (int row = 0; row < 4; ++row) {
+        browser.Summary(row);
+        browser.lstData_ItemClick(row);
+    }
+    browser.lstData_ColumnClick(frmFolders::ColumnTo);
+    EXPECT_EQ(browser.rows.size(), 4u);
+
+    // The folder goes while the window is open: commands find nothing to act on.
+    std::filesystem::remove_all(outbox);
+    browser.selectedRows = {0};
+    browser.chooseTargetFolder = [](bool) -> std::optional<std::string> { return "Outbox"; };
+    browser.mnuCopyTo_Click();
+    browser.mnuOpen_Click();
+    EXPECT_TRUE(browser.rows.empty());
+    EXPECT_TRUE(shell.deleted.empty());
 }
 
 TEST(FolderBrowser, NewFolderAndTargetChecks) {
