@@ -353,6 +353,12 @@ constexpr std::array kBank1 = {
     BankString{sid::LabelSerialPorts, "Serial Ports (separated by ;)"},
     BankString{sid::NumberTooLarge, "Please enter a number no larger than 32767"},
     BankString{sid::NoProgramOpens, "No program on this desktop opens"},
+    BankString{sid::CharactersCannotBeStored,
+               "Only Western European letters and signs can be stored. Please change the "
+               "characters that are not in"},
+    BankString{sid::CentresBusyDuringRun,
+               "The Service Centres cannot be changed while messages are being sent. Please try "
+               "again when the Message Queue has been sent, or press Stop"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
     BankString{sid::MessageLabel, "Message:"},

@@ -291,6 +291,10 @@ inline constexpr int ProtocolTim = 1952;
 inline constexpr int ProtocolLibertel = 1953;
 inline constexpr int LabelOperationType = 1962;
 inline constexpr int CheckAllowAscii = 1963;
+// Our own: text the code page cannot hold (followed by the field's label), and the centres
+// held still while a run sends by their places in the table.
+inline constexpr int CharactersCannotBeStored = 1315;
+inline constexpr int CentresBusyDuringRun = 1316;
 
 // Modem, dial-attempt, time-out and originator dialogues. The four ModemInfo paragraphs
 // form the notice shown before the modem panel. NotAvailable is the device row that cannot

@@ -32,6 +32,7 @@
 namespace parlane {
 
 class frmModem;
+class frmSMSCEdit;
 class frmDirectoryAdd;
 class frmGroupAdd;
 class OpenFileChooser;
@@ -127,9 +128,14 @@ class frmMain {
     // What the import wizard does to this window: Names follows the directory, status lines.
     // The view adds its own DoEvents.
     ImportWindowHooks ImportHooks();
-    void mnuNewSMSC_Click() { ShowForm("frmSMSCEdit"); }
-    void mnuEditSMSC_Click() { ShowForm("frmSMSCEdit"); }
-    void mnuDeleteSMSC_Click() { ShowForm("frmSMSCEdit"); }
+    // The centre commands (config/centre_commands.cpp): each rewrites smsc.dat afterwards.
+    void mnuNewSMSC_Click();
+    void mnuEditSMSC_Click();
+    void mnuDeleteSMSC_Click();
+    // The centre editor while a centre command shows it through showForm("frmSMSCEdit").
+    frmSMSCEdit* SMSCEditForm = nullptr;
+    // Rewrites smsc.dat from Providers; false when it could not be written.
+    bool SaveProviders();
     // One dispatcher for the 14 toolbar icons; each does what its menu entry does.
     void picToolIcons_Click(int index);
 
@@ -378,6 +384,9 @@ class frmMain {
     // Selects every row of Services equal to `name`, as a click would; none: no change.
     void SelectCentreByName(const std::string& name);
     void ShowDirectoryAdd(const DirectoryEntry& entry, int commandNameId);
+    // True, after telling the user, while a run sends by the centres' places in the table.
+    bool CentresHeldByRun();
+    void ShowCentreEditor(frmSMSCEdit& form);
     void LoadProviders();
     void FirstRunModemCheck();
 
