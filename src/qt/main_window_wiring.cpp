@@ -9,6 +9,7 @@
 
 #include "core/string_ids.h"
 #include "qt/artwork.h"
+#include "qt/dialogs/centre_dialog.h"
 #include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
@@ -163,6 +164,8 @@ void MainWindow::showForm(const std::string& form) {
         ShowBackupDialog(this, form_);
     } else if (form == "frmRestore") {
         ShowRestoreDialog(this, form_);
+    } else if (form == "frmSMSCEdit") {
+        if (form_.SMSCEditForm) ShowCentreEditDialog(this, *form_.SMSCEditForm);
     } else {
         form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
     }

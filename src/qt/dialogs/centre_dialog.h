@@ -1,0 +1,14 @@
+#pragma once
+// The Qt view of the centre editor: it mirrors frmSMSCEdit's fields, runs keys, focus and
+// clicks through the model's handlers, and closes when the model unloads.
+
+class QWidget;
+
+namespace parlane {
+
+class frmSMSCEdit;
+
+// Modal; returns when the dialogue has closed.
+void ShowCentreEditDialog(QWidget* owner, frmSMSCEdit& model);
+
+}  // namespace parlane
