@@ -389,6 +389,16 @@ inline constexpr int LabelNationalPrefix = 1309;
 inline constexpr int LabelInternationalPrefix = 1310;
 inline constexpr int LabelDialMode = 1311;
 inline constexpr int LabelSerialPorts = 1312;
+// The modem dialog's lists: parity and flow-control choices, the ready framings, and the note of
+// a centre that has no settings of its own (followed by the modem's settings).
+inline constexpr int ChoiceNone = 1317;
+inline constexpr int ChoiceEven = 1318;
+inline constexpr int ChoiceOdd = 1319;
+inline constexpr int ChoiceHardware = 1320;
+inline constexpr int ModemDefaultsNote = 1323;
+inline constexpr int LabelFraming = 1346;
+inline constexpr int Framing8N1 = 1347;
+inline constexpr int Framing7E1 = 1348;
 
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;
