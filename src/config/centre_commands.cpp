@@ -1,6 +1,10 @@
 // The main window's centre commands: new, edit and delete, each followed by a rewrite of
 // smsc.dat whether the user saved or not.
 
+#include <algorithm>
+
+#include "config/demo_centres.h"
+#include "config/frm_first_centre.h"
 #include "config/frm_smsc_edit.h"
 #include "core/file_io.h"
 #include "core/string_ids.h"
@@ -71,6 +75,35 @@ void frmMain::mnuDeleteSMSC_Click() {
         Services.select(0);
         Services_Click();
     }
+    SaveProviders();
+    changed();
+}
+
+void frmMain::OfferFirstCentre() {
+    if (std::any_of(Providers.begin(), Providers.end(), IsUsableCentre)) return;
+    frmFirstCentre form(*this);
+    form.Form_Load();
+    FirstCentreForm = &form;
+    ShowForm("frmFirstCentre");
+    FirstCentreForm = nullptr;
+    if (form.choice == frmFirstCentre::Choice::NewCentre) mnuNewSMSC_Click();
+    if (form.choice == frmFirstCentre::Choice::DemoCentres) AddDemoCentres();
+}
+
+void frmMain::AddDemoCentres() {
+    if (CentresHeldByRun()) return;
+    std::erase_if(Providers, [](const Provider& p) { return !IsUsableCentre(p); });
+    for (const auto& demo : DemoCentres()) {
+        const bool present =
+            std::any_of(Providers.begin(), Providers.end(),
+                        [&](const Provider& p) { return p.ProviderName == demo.ProviderName; });
+        if (!present) Providers.push_back(demo);
+    }
+    SortProviders(Providers);
+    Services.Clear();
+    for (const auto& p : Providers) Services.AddItem(p.ProviderName);
+    Services.select(Services.FindRow(DemoCentres().front().ProviderName));
+    Services_Click();
     SaveProviders();
     changed();
 }

@@ -220,6 +220,10 @@ constexpr std::array kBank1 = {
     BankString{sid::LogUnknownCallState, "Unknown Call State"},
     BankString{sid::SavingToOutbox, "Saving to Outbox"},
     BankString{sid::DamagedFileKept, "A damaged file was kept as"},
+    BankString{sid::StartFailed, "The program could not start:"},
+    BankString{sid::UnexpectedFault,
+               "An unexpected error stopped the last action. The message queue, the Service "
+               "Centres and the Telephone Directory have been saved. The error was:"},
     BankString{sid::TitleCopy, "Copy"},
     BankString{sid::WaitingToSend, "Waiting to Send"},
     BankString{sid::NoMoreMessages, "There are no more messages in the queue"},
@@ -393,6 +397,15 @@ constexpr std::array kBank1 = {
     BankString{sid::LabelFraming, "Framing"},
     BankString{sid::Framing8N1, "8N1 (8 data bits, no parity, 1 stop bit)"},
     BankString{sid::Framing7E1, "7E1 (7 data bits, even parity, 1 stop bit: usual for TAP)"},
+    BankString{sid::FirstCentreInfo,
+               "No Service Centre has been set up yet, so no message can be sent. A Service "
+               "Centre is the number your modem dials to hand over your messages: your network "
+               "can tell you its access number and protocol.\r\n\r\nYou can set up your "
+               "network's centre now, or add the demonstration centres, which answer through the "
+               "simulated modem, and watch a message travel before you own a modem."},
+    BankString{sid::ButtonNewCentre, "&New Service Centre..."},
+    BankString{sid::ButtonDemoCentres, "Add the &Demonstration Centres"},
+    BankString{sid::ButtonLater, "&Later"},
     BankString{sid::TipListView, "List View"},
     BankString{sid::TipDetailsView, "Details View"},
     BankString{sid::TipExitFolders, "Exit"},

@@ -295,6 +295,14 @@ inline constexpr int CheckAllowAscii = 1963;
 // held still while a run sends by their places in the table.
 inline constexpr int CharactersCannotBeStored = 1315;
 inline constexpr int CentresBusyDuringRun = 1316;
+// The offer made while no centre can be dialled, its three buttons, and the critical boxes of a
+// failed start and of an unexpected fault (each followed by the fault's own words).
+inline constexpr int FirstCentreInfo = 1349;
+inline constexpr int ButtonNewCentre = 1350;
+inline constexpr int ButtonDemoCentres = 1351;
+inline constexpr int ButtonLater = 1352;
+inline constexpr int StartFailed = 1188;
+inline constexpr int UnexpectedFault = 1189;
 
 // Modem, dial-attempt, time-out and originator dialogues. The four ModemInfo paragraphs
 // form the notice shown before the modem panel. NotAvailable is the device row that cannot

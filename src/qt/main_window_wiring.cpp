@@ -166,6 +166,8 @@ void MainWindow::showForm(const std::string& form) {
         ShowRestoreDialog(this, form_);
     } else if (form == "frmSMSCEdit") {
         if (form_.SMSCEditForm) ShowCentreEditDialog(this, *form_.SMSCEditForm);
+    } else if (form == "frmFirstCentre") {
+        if (form_.FirstCentreForm) ShowFirstCentreDialog(this, *form_.FirstCentreForm);
     } else {
         form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
     }

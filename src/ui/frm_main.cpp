@@ -86,6 +86,12 @@ void frmMain::changed() {
     if (observer_) observer_->controlsChanged();
 }
 
+void frmMain::SaveAfterFault() {
+    JournalQueue();
+    SaveProviders();
+    WriteDirectoryFile();
+}
+
 void frmMain::WaitSecs(double seconds) {
     platform_.loop.waitSecs(seconds);
 }

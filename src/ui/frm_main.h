@@ -33,6 +33,7 @@ namespace parlane {
 
 class frmModem;
 class frmSMSCEdit;
+class frmFirstCentre;
 class frmDirectoryAdd;
 class frmGroupAdd;
 class OpenFileChooser;
@@ -136,6 +137,15 @@ class frmMain {
     frmSMSCEdit* SMSCEditForm = nullptr;
     // Rewrites smsc.dat from Providers; false when it could not be written.
     bool SaveProviders();
+    // Once the window is up: while no centre can be dialled, frmFirstCentre offers a new centre
+    // or the demonstration centres (through showForm, with FirstCentreForm set).
+    void OfferFirstCentre();
+    frmFirstCentre* FirstCentreForm = nullptr;
+    // The demonstration centres take the place of the centres that cannot be dialled.
+    void AddDemoCentres();
+    // After an unexpected fault in a handler: the pending messages, the centres and the
+    // directory go to disk.
+    void SaveAfterFault();
     // One dispatcher for the 14 toolbar icons; each does what its menu entry does.
     void picToolIcons_Click(int index);
 

@@ -3,6 +3,8 @@
 
 #include <functional>
 
+#include "config/demo_centres.h"
+#include "config/frm_first_centre.h"
 #include "config/frm_smsc_edit.h"
 #include "core/cp1252.h"
 #include "core/file_io.h"
@@ -310,6 +312,45 @@ TEST_F(CentreEditor, NoChangesWhileARunHoldsTheCentres) {
     EXPECT_EQ(names().size(), 2u);
     ASSERT_EQ(p.dialogues.shown.size(), 3u);
     EXPECT_EQ(lastPrompt().find("The Service Centres cannot be changed"), 0u);
+}
+
+TEST_F(CentreEditor, AHomeWithNoCentreToDialIsOfferedOneOrTheDemonstrationCentres) {
+    load({});  // a fresh home: one empty centre
+    using Choice = frmFirstCentre::Choice;
+    Choice answer = Choice::Later;
+    f->showForm = [&](const std::string& form) {
+        forms.push_back(form);
+        if (form == "frmFirstCentre") {
+            EXPECT_EQ(f->FirstCentreForm->cmdDemoCentres.Caption, "Add the &Demonstration Centres");
+            f->FirstCentreForm->choice = answer;
+        }
+    };
+    f->OfferFirstCentre();
+    EXPECT_EQ(f->Providers.size(), 1u);  // nothing is added unasked
+    answer = Choice::NewCentre;
+    f->OfferFirstCentre();
+    EXPECT_EQ(forms, (std::vector<std::string>{"frmFirstCentre", "frmFirstCentre", "frmSMSCEdit"}));
+    answer = Choice::DemoCentres;
+    f->OfferFirstCentre();
+    ASSERT_EQ(f->Providers.size(), DemoCentres().size());
+    EXPECT_TRUE(std::all_of(f->Providers.begin(), f->Providers.end(), IsUsableCentre));
+    EXPECT_EQ(f->Services.Text, "Demo TAP Centre");
+    EXPECT_EQ(fileCentres(), f->Providers);
+    forms.clear();
+    f->OfferFirstCentre();  // a centre to dial: no offer
+    EXPECT_TRUE(forms.empty());
+}
+
+TEST_F(CentreEditor, AFaultSavesThePendingMessagesAndTheTables) {
+    load({MakeProvider("Alpha")});
+    testing::QueueTexts(*f, {"kept"});
+    for (const char* file : {"queue.journal", "smsc.dat", "phones.dat"})
+        std::filesystem::remove(p.home / file);
+    f->SaveAfterFault();
+    const auto journal = ParseQueueFile(ReadWholeFile(p.home / "queue.journal").value_or(""));
+    EXPECT_EQ(testing::Texts(journal.records), std::vector<std::string>{"kept"});
+    EXPECT_EQ(fileCentres(), f->Providers);
+    EXPECT_TRUE(std::filesystem::exists(p.home / "phones.dat"));
 }
 
 }  // namespace

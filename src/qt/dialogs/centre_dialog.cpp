@@ -9,6 +9,7 @@
 #include <array>
 #include <utility>
 
+#include "config/frm_first_centre.h"
 #include "config/frm_smsc_edit.h"
 #include "qt/dialogs/dialog_parts.h"
 #include "qt/dialogs/field_dialog.h"
@@ -92,8 +93,8 @@ void ShowCentreEditDialog(QWidget* owner, frmSMSCEdit& model) {
     grid->addWidget(Label3, 2, 0);
     grid->addWidget(cboTapiDevice, 2, 1);
     grid->addWidget(cmdLineConfigDialog, 2, 2);
-    grid->addWidget(Label4, 3, 0);
     grid->addWidget(Country, 3, 1, 1, 2);
+    grid->addWidget(Label4, 4, 0);
     auto* number = new QHBoxLayout;
     number->addWidget(txtCountryCode, 1);
     number->addWidget(txtAreaCode, 1);
@@ -213,6 +214,34 @@ void ShowCentreEditDialog(QWidget* owner, frmSMSCEdit& model) {
         QObject::connect(check, &QCheckBox::toggled,
                          [box = box](bool checked) { box->Value = checked; });
     RunWithButtons(dialog, ok, cancel, model, pull);
+}
+
+void ShowFirstCentreDialog(QWidget* owner, frmFirstCentre& model) {
+    QDialog dialog(owner);
+    dialog.setObjectName("frmFirstCentre");
+    dialog.setWindowTitle(ToQt(model.Caption));
+    dialog.setMinimumWidth(460);
+    auto* layout = new QVBoxLayout(&dialog);
+    AddLabel(layout, "lblInfo", model.lblInfo);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    const std::pair<const char*, ExchangeButton*> named[] = {
+        {"cmdNewCentre", &model.cmdNewCentre},
+        {"cmdDemoCentres", &model.cmdDemoCentres},
+        {"cmdLater", &model.cmdLater}};
+    for (auto [name, button] : named) {
+        auto* push = Button(name, button->Caption, &dialog);
+        buttons->addWidget(push);
+        QObject::connect(push, &QPushButton::clicked, [&dialog, &model, button = button] {
+            if (button == &model.cmdNewCentre) model.cmdNewCentre_Click();
+            if (button == &model.cmdDemoCentres) model.cmdDemoCentres_Click();
+            if (button == &model.cmdLater) model.cmdLater_Click();
+            if (model.unloaded) dialog.accept();
+        });
+        if (button == &model.cmdNewCentre) push->setDefault(true);
+    }
+    layout->addLayout(buttons);
+    dialog.exec();
 }
 
 }  // namespace parlane

@@ -7,8 +7,11 @@ class QWidget;
 namespace parlane {
 
 class frmSMSCEdit;
+class frmFirstCentre;
 
-// Modal; returns when the dialogue has closed.
+// Modal; each returns when the dialogue has closed.
 void ShowCentreEditDialog(QWidget* owner, frmSMSCEdit& model);
+// The offer made while no centre can be dialled; closing it by its frame is Later.
+void ShowFirstCentreDialog(QWidget* owner, frmFirstCentre& model);
 
 }  // namespace parlane
