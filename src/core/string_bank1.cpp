@@ -223,7 +223,7 @@ constexpr std::array kBank1 = {
     BankString{sid::StartFailed, "The program could not start:"},
     BankString{sid::UnexpectedFault,
                "An unexpected error stopped the last action. The message queue, the Service "
-               "Centres and the Telephone Directory have been saved. The error was:"},
+               "Centres, the Telephone Directory and the Groups have been saved. The error was:"},
     BankString{sid::TitleCopy, "Copy"},
     BankString{sid::WaitingToSend, "Waiting to Send"},
     BankString{sid::NoMoreMessages, "There are no more messages in the queue"},

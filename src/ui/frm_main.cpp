@@ -90,6 +90,7 @@ void frmMain::SaveAfterFault() {
     JournalQueue();
     SaveProviders();
     WriteDirectoryFile();
+    WriteGroupList();
 }
 
 void frmMain::WaitSecs(double seconds) {

@@ -143,8 +143,8 @@ class frmMain {
     frmFirstCentre* FirstCentreForm = nullptr;
     // The demonstration centres take the place of the centres that cannot be dialled.
     void AddDemoCentres();
-    // After an unexpected fault in a handler: the pending messages, the centres and the
-    // directory go to disk.
+    // After an unexpected fault in a handler: the pending messages, the centres, the directory
+    // and the list of groups go to disk.
     void SaveAfterFault();
     // One dispatcher for the 14 toolbar icons; each does what its menu entry does.
     void picToolIcons_Click(int index);

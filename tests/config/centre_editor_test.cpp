@@ -344,13 +344,16 @@ TEST_F(CentreEditor, AHomeWithNoCentreToDialIsOfferedOneOrTheDemonstrationCentre
 TEST_F(CentreEditor, AFaultSavesThePendingMessagesAndTheTables) {
     load({MakeProvider("Alpha")});
     testing::QueueTexts(*f, {"kept"});
-    for (const char* file : {"queue.journal", "smsc.dat", "phones.dat"})
+    f->AddGroup("Team");
+    for (const char* file : {"queue.journal", "smsc.dat", "phones.dat", "Data/group.dat"})
         std::filesystem::remove(p.home / file);
     f->SaveAfterFault();
     const auto journal = ParseQueueFile(ReadWholeFile(p.home / "queue.journal").value_or(""));
     EXPECT_EQ(testing::Texts(journal.records), std::vector<std::string>{"kept"});
     EXPECT_EQ(fileCentres(), f->Providers);
     EXPECT_TRUE(std::filesystem::exists(p.home / "phones.dat"));
+    EXPECT_NE(ReadWholeFile(p.home / "Data" / "group.dat").value_or("").find("Team"),
+              std::string::npos);
 }
 
 }  // namespace
