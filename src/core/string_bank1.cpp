@@ -67,6 +67,7 @@ constexpr std::array kBank1 = {
     BankString{sid::TextFileFilter, "All Files (*.txt)|*.txt"},
     BankString{sid::FileTruncatedTo,
                "Too many characters for the selected SMSC. File truncated to"},
+    BankString{sid::StartFailed, "The program could not start:"},
     BankString{sid::TipSendMessages, "Send Messages"},
     BankString{sid::TipQueueMessage, "Queue Message"},
     BankString{sid::TipAddToGroupList, "Add To Group List"},
@@ -96,7 +97,13 @@ constexpr std::array kBank1 = {
     BankString{sid::DisclaimerHigherRates,
                "Please remember that calls to access many cellular network paging and SMS services "
                "are charged at higher rates than standard telephone calls"},
+    BankString{sid::UnexpectedFault,
+               "An unexpected error stopped the last action. The message queue, the Service "
+               "Centres, the Telephone Directory and the Groups have been saved. The error was:"},
     BankString{sid::GroupsAvailable, "Groups Available"},
+    BankString{sid::ModemDefaultsNote,
+               "This Service Centre has no modem settings of its own yet, so it uses the "
+               "modem's:"},
     BankString{sid::TitleFrmBackup, "Backup To ..."},
     BankString{sid::DataBackupCompleted, "Data Backup Completed"},
     BankString{sid::DataRestorationCompleted, "Data Restoration Completed. Please Restart Parlane"},
@@ -220,10 +227,6 @@ constexpr std::array kBank1 = {
     BankString{sid::LogUnknownCallState, "Unknown Call State"},
     BankString{sid::SavingToOutbox, "Saving to Outbox"},
     BankString{sid::DamagedFileKept, "A damaged file was kept as"},
-    BankString{sid::StartFailed, "The program could not start:"},
-    BankString{sid::UnexpectedFault,
-               "An unexpected error stopped the last action. The message queue, the Service "
-               "Centres, the Telephone Directory and the Groups have been saved. The error was:"},
     BankString{sid::TitleCopy, "Copy"},
     BankString{sid::WaitingToSend, "Waiting to Send"},
     BankString{sid::NoMoreMessages, "There are no more messages in the queue"},
@@ -369,9 +372,6 @@ constexpr std::array kBank1 = {
     BankString{sid::ChoiceHardware, "Hardware (RTS/CTS)"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
-    BankString{sid::ModemDefaultsNote,
-               "This Service Centre has no modem settings of its own yet, so it uses the "
-               "modem's:"},
     BankString{sid::MessageLabel, "Message:"},
     BankString{sid::TitleSaveDebugFile, "Save Debug File"},
     BankString{sid::ColumnDateSent, "Date Sent:"},

@@ -301,8 +301,8 @@ inline constexpr int FirstCentreInfo = 1349;
 inline constexpr int ButtonNewCentre = 1350;
 inline constexpr int ButtonDemoCentres = 1351;
 inline constexpr int ButtonLater = 1352;
-inline constexpr int StartFailed = 1188;
-inline constexpr int UnexpectedFault = 1189;
+inline constexpr int StartFailed = 1065;
+inline constexpr int UnexpectedFault = 1085;
 
 // Modem, dial-attempt, time-out and originator dialogues. The four ModemInfo paragraphs
 // form the notice shown before the modem panel. NotAvailable is the device row that cannot
@@ -403,7 +403,7 @@ inline constexpr int ChoiceNone = 1317;
 inline constexpr int ChoiceEven = 1318;
 inline constexpr int ChoiceOdd = 1319;
 inline constexpr int ChoiceHardware = 1320;
-inline constexpr int ModemDefaultsNote = 1323;
+inline constexpr int ModemDefaultsNote = 1087;
 inline constexpr int LabelFraming = 1346;
 inline constexpr int Framing8N1 = 1347;
 inline constexpr int Framing7E1 = 1348;
