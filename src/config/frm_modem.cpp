@@ -1,7 +1,6 @@
 #include "config/frm_modem.h"
 
 #include "core/cp1252.h"
-#include "core/file_io.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
 
@@ -39,9 +38,7 @@ void frmModem::cmdProviderItemOk_Click() {
     }
     BusyCursor busy(main_);
     DefModem(main_.Providers, cboTapiDevice.ListIndex);
-    std::string error;
-    const std::string bytes = SerializeProviderFile(main_.Providers, error);
-    if (error.empty()) WriteFileAtomically(main_.homePath("smsc.dat"), bytes);
+    main_.SaveProviders();
     auto& settings = main_.settings();
     settings.SaveSetting("FirstRun", "Modem", "4");
     settings.SaveSetting("Modem", "Index", std::to_string(cboTapiDevice.ListIndex));

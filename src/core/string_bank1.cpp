@@ -67,6 +67,7 @@ constexpr std::array kBank1 = {
     BankString{sid::TextFileFilter, "All Files (*.txt)|*.txt"},
     BankString{sid::FileTruncatedTo,
                "Too many characters for the selected SMSC. File truncated to"},
+    BankString{sid::StartFailed, "The program could not start:"},
     BankString{sid::TipSendMessages, "Send Messages"},
     BankString{sid::TipQueueMessage, "Queue Message"},
     BankString{sid::TipAddToGroupList, "Add To Group List"},
@@ -96,7 +97,13 @@ constexpr std::array kBank1 = {
     BankString{sid::DisclaimerHigherRates,
                "Please remember that calls to access many cellular network paging and SMS services "
                "are charged at higher rates than standard telephone calls"},
+    BankString{sid::UnexpectedFault,
+               "An unexpected error stopped the last action. The message queue, the Service "
+               "Centres, the Telephone Directory and the Groups have been saved. The error was:"},
     BankString{sid::GroupsAvailable, "Groups Available"},
+    BankString{sid::ModemDefaultsNote,
+               "This Service Centre has no modem settings of its own yet, so it uses the "
+               "modem's:"},
     BankString{sid::TitleFrmBackup, "Backup To ..."},
     BankString{sid::DataBackupCompleted, "Data Backup Completed"},
     BankString{sid::DataRestorationCompleted, "Data Restoration Completed. Please Restart Parlane"},
@@ -346,10 +353,10 @@ constexpr std::array kBank1 = {
                "the file is damaged, and the file already in its place was kept"},
     BankString{sid::PleaseEnterValid, "Please Enter A Valid"},
     BankString{sid::LabelSpeed, "Speed (bits per second)"},
-    BankString{sid::LabelDataBits, "Data Bits (5 to 8)"},
-    BankString{sid::LabelParity, "Parity (N, E or O)"},
-    BankString{sid::LabelStopBits, "Stop Bits (1 or 2)"},
-    BankString{sid::LabelFlowControl, "Flow Control (N none, H hardware)"},
+    BankString{sid::LabelDataBits, "Data Bits"},
+    BankString{sid::LabelParity, "Parity"},
+    BankString{sid::LabelStopBits, "Stop Bits"},
+    BankString{sid::LabelFlowControl, "Flow Control"},
     BankString{sid::LabelInitString, "Initialisation Command (AT...)"},
     BankString{sid::LabelOutsideLine, "Outside Line Prefix"},
     BankString{sid::LabelNationalPrefix, "National Prefix"},
@@ -358,6 +365,16 @@ constexpr std::array kBank1 = {
     BankString{sid::LabelSerialPorts, "Serial Ports (separated by ;)"},
     BankString{sid::NumberTooLarge, "Please enter a number no larger than 32767"},
     BankString{sid::NoProgramOpens, "No program on this desktop opens"},
+    BankString{sid::CharactersCannotBeStored,
+               "Only Western European letters and signs can be stored. Please change the "
+               "characters that are not in"},
+    BankString{sid::CentresBusyDuringRun,
+               "The Service Centres cannot be changed while messages are being sent. Please try "
+               "again when the Message Queue has been sent, or press Stop"},
+    BankString{sid::ChoiceNone, "None"},
+    BankString{sid::ChoiceEven, "Even"},
+    BankString{sid::ChoiceOdd, "Odd"},
+    BankString{sid::ChoiceHardware, "Hardware (RTS/CTS)"},
     BankString{sid::LabelOnline, "Online"},
     BankString{sid::WindowNotAvailable, "This window is not available in this version"},
     BankString{sid::FolderNameNotAllowed,
@@ -385,6 +402,18 @@ constexpr std::array kBank1 = {
     BankString{sid::TipTime, "Time"},
     BankString{sid::TipDate, "Date"},
     BankString{sid::EnterNoteName, "Enter the name for note"},
+    BankString{sid::LabelFraming, "Framing"},
+    BankString{sid::Framing8N1, "8N1 (8 data bits, no parity, 1 stop bit)"},
+    BankString{sid::Framing7E1, "7E1 (7 data bits, even parity, 1 stop bit: usual for TAP)"},
+    BankString{sid::FirstCentreInfo,
+               "No Service Centre has been set up yet, so no message can be sent. A Service "
+               "Centre is the number your modem dials to hand over your messages: your network "
+               "can tell you its access number and protocol.\r\n\r\nYou can set up your "
+               "network's centre now, or add the demonstration centres, which answer through the "
+               "simulated modem, and watch a message travel before you own a modem."},
+    BankString{sid::ButtonNewCentre, "&New Service Centre..."},
+    BankString{sid::ButtonDemoCentres, "Add the &Demonstration Centres"},
+    BankString{sid::ButtonLater, "&Later"},
     BankString{sid::TipListView, "List View"},
     BankString{sid::TipDetailsView, "Details View"},
     BankString{sid::TipExitFolders, "Exit"},

@@ -291,6 +291,18 @@ inline constexpr int ProtocolTim = 1952;
 inline constexpr int ProtocolLibertel = 1953;
 inline constexpr int LabelOperationType = 1962;
 inline constexpr int CheckAllowAscii = 1963;
+// Our own: text the code page cannot hold (followed by the field's label), and the centres
+// held still while a run sends by their places in the table.
+inline constexpr int CharactersCannotBeStored = 1315;
+inline constexpr int CentresBusyDuringRun = 1316;
+// The offer made while no centre can be dialled, its three buttons, and the critical boxes of a
+// failed start and of an unexpected fault (each followed by the fault's own words).
+inline constexpr int FirstCentreInfo = 1349;
+inline constexpr int ButtonNewCentre = 1350;
+inline constexpr int ButtonDemoCentres = 1351;
+inline constexpr int ButtonLater = 1352;
+inline constexpr int StartFailed = 1065;
+inline constexpr int UnexpectedFault = 1085;
 
 // Modem, dial-attempt, time-out and originator dialogues. The four ModemInfo paragraphs
 // form the notice shown before the modem panel. NotAvailable is the device row that cannot
@@ -394,6 +406,16 @@ inline constexpr int LabelNationalPrefix = 1309;
 inline constexpr int LabelInternationalPrefix = 1310;
 inline constexpr int LabelDialMode = 1311;
 inline constexpr int LabelSerialPorts = 1312;
+// The modem dialog's lists: parity and flow-control choices, the ready framings, and the note of
+// a centre that has no settings of its own (followed by the modem's settings).
+inline constexpr int ChoiceNone = 1317;
+inline constexpr int ChoiceEven = 1318;
+inline constexpr int ChoiceOdd = 1319;
+inline constexpr int ChoiceHardware = 1320;
+inline constexpr int ModemDefaultsNote = 1087;
+inline constexpr int LabelFraming = 1346;
+inline constexpr int Framing8N1 = 1347;
+inline constexpr int Framing7E1 = 1348;
 
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;

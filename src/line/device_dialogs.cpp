@@ -7,7 +7,9 @@ namespace parlane {
 std::int32_t EditModemBlock(DeviceDialogs* dialogs, const ModemConfig& current,
                             const std::vector<std::uint8_t>& blockIn,
                             std::vector<std::uint8_t>& varStringOut) {
-    ModemSettingsForm form(DecodeModemConfig(blockIn).value_or(current));
+    const auto own = DecodeModemConfig(blockIn);
+    ModemSettingsForm form(own.value_or(current));
+    if (!own) form.ShowDefaultsNote(current);
     if (!dialogs || !dialogs->EditModemSettings(form)) return LINEERR_OPERATIONFAILED;
     // A view that let a faulty field through still gets no block out of it.
     const auto edited = form.Result();

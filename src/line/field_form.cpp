@@ -14,6 +14,12 @@ const FieldForm::Field* FieldForm::FirstFault() const {
     return nullptr;
 }
 
+const std::vector<FieldForm::Choice>* FieldForm::Choices(const std::string& control) const {
+    for (const auto& [name, choices] : choices_)
+        if (name == control) return &choices;
+    return nullptr;
+}
+
 bool FieldForm::Check(DialogueHost& host, const Strings& strings) {
     const Field* fault = FirstFault();
     if (!fault) return true;

@@ -4,6 +4,7 @@
 // the fields' order, stops at the first failure, names the field and puts the focus back on it.
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/dialogue_host.h"
@@ -37,14 +38,29 @@ class FieldForm {
     // (backspace and the like) always pass.
     char KeyPress(const std::string& control, char typed) const;
 
+    // A value a field may take from a list, and its caption in the bank (0: the value itself).
+    struct Choice {
+        std::string value;
+        int captionId = 0;
+    };
+    // The list a field is chosen from instead of typed into; null for a typed field.
+    const std::vector<Choice>* Choices(const std::string& control) const;
+
     const int titleId;  // bank id of the dialog's caption (an "&" in it marks no key)
     std::string focusedControl;
+    // A note shown above the fields: the bank's text, a blank and `noteDetail`. 0: none.
+    int noteId = 0;
+    std::string noteDetail;
 
   protected:
     void add(const Field& field) { fields_.push_back(field); }
+    void addChoices(const std::string& control, std::vector<Choice> choices) {
+        choices_.emplace_back(control, std::move(choices));
+    }
 
   private:
     std::vector<Field> fields_;
+    std::vector<std::pair<std::string, std::vector<Choice>>> choices_;
 };
 
 // Rules and key filters shared by the forms.

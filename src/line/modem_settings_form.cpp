@@ -19,7 +19,7 @@ bool ValidSpeed(const std::string& t) {
            IsStandardSpeed(static_cast<std::uint32_t>(std::stoul(t)));
 }
 bool ValidDataBits(const std::string& t) {
-    return t.size() == 1 && t[0] >= '5' && t[0] <= '8';
+    return t == "7" || t == "8";
 }
 bool ValidParity(const std::string& t) {
     return t == "N" || t == "E" || t == "O";
@@ -62,6 +62,42 @@ ModemSettingsForm::ModemSettingsForm(const ModemConfig& from) : FieldForm(sid::M
     add({"txtFlowControl", sid::LabelFlowControl, &txtFlowControl, ValidFlow,
          [](char c) { return LetterKey(c, "NH"); }});
     add({"txtInitString", sid::LabelInitString, &txtInitString, ValidInit, AnyPrintableKey});
+    std::vector<Choice> speeds;
+    for (auto baud : kSpeeds) speeds.push_back({std::to_string(baud), 0});
+    addChoices("txtSpeed", std::move(speeds));
+    addChoices("txtDataBits", {{"7", 0}, {"8", 0}});
+    addChoices("txtParity",
+               {{"N", sid::ChoiceNone}, {"E", sid::ChoiceEven}, {"O", sid::ChoiceOdd}});
+    addChoices("txtStopBits", {{"1", 0}, {"2", 0}});
+    addChoices("txtFlowControl", {{"N", sid::ChoiceNone}, {"H", sid::ChoiceHardware}});
+}
+
+void ModemSettingsForm::ShowDefaultsNote(const ModemConfig& defaults) {
+    noteId = sid::ModemDefaultsNote;
+    noteDetail = std::to_string(defaults.baud) + " " + std::to_string(defaults.dataBits) +
+                 defaults.parity + std::to_string(defaults.stopBits) +
+                 (defaults.hardwareFlowControl ? " RTS/CTS" : "") +
+                 (defaults.initString.empty() ? "" : " " + defaults.initString);
+}
+
+const std::vector<FieldForm::Choice>& ModemSettingsForm::Framings() {
+    static const std::vector<Choice> framings{{"8N1", sid::Framing8N1}, {"7E1", sid::Framing7E1}};
+    return framings;
+}
+
+int ModemSettingsForm::FramingIndex() const {
+    const std::string framing = txtDataBits.Text + txtParity.Text + txtStopBits.Text;
+    for (std::size_t i = 0; i < Framings().size(); ++i)
+        if (Framings()[i].value == framing) return static_cast<int>(i);
+    return -1;
+}
+
+void ModemSettingsForm::cboFraming_Click(int index) {
+    if (index < 0 || index >= static_cast<int>(Framings().size())) return;
+    const std::string& framing = Framings()[static_cast<std::size_t>(index)].value;
+    txtDataBits.Text = framing.substr(0, 1);
+    txtParity.Text = framing.substr(1, 1);
+    txtStopBits.Text = framing.substr(2, 1);
 }
 
 std::optional<ModemConfig> ModemSettingsForm::Result() const {

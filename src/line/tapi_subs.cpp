@@ -134,6 +134,10 @@ std::int32_t TAPISubs::tapiGetLocationInfo(std::string& countryCode) {
     return provider_.tapiGetLocationInfo(countryCode, city);
 }
 
+std::int32_t TAPISubs::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
+    return provider_.tapiGetLocationInfo(countryCode, cityCode);
+}
+
 std::int32_t TAPISubs::lineSetDevConfig(std::uint32_t device,
                                         const std::vector<std::uint8_t>& config) {
     return provider_.lineSetDevConfig(device, config, kDeviceClass);

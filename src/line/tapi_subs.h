@@ -36,6 +36,7 @@ class TAPISubs {
     void CloseLine();
     std::intptr_t GetCommHandle();
     std::int32_t tapiGetLocationInfo(std::string& countryCode);
+    std::int32_t tapiGetLocationInfo(std::string& countryCode, std::string& cityCode);
     std::int32_t lineSetDevConfig(std::uint32_t device, const std::vector<std::uint8_t>& config);
     std::int32_t lineTranslateAddress(std::uint32_t device, const std::string& canonical,
                                       std::string& dialable);

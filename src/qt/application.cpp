@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <set>
 
+#include "config/demo_centres.h"
 #include "config/frm_modem.h"
 #include "core/file_io.h"
 #include "core/home.h"
@@ -21,6 +22,7 @@
 #include "qt/artwork.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
+#include "qt/guarded_application.h"
 #include "qt/main_window.h"
 #include "qt/qt_device_dialogs.h"
 #include "qt/qt_dialogue_host.h"
@@ -49,20 +51,8 @@ std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
 
 // A centre on the simulated modem, for a home that has none yet.
 void WriteDemoCentre(const std::filesystem::path& home) {
-    Provider demo;
-    demo.ProviderName = "Demo TAP Centre";
-    demo.TapiDevice = "0";
-    demo.CountryCode = "44";
-    demo.AreaCode = "0800";
-    demo.Number = "100100";
-    demo.MaxChars = "160";
-    demo.Protocol = ProtocolTap;
-    demo.MultiMessage = 1;
-    demo.AllowASCII = "0";
-    demo.MaxMessages = "3";
-    demo.UCPOperation = "01";
     std::string error;
-    WriteFileAtomically(home / "smsc.dat", SerializeProviderFile({demo}, error));
+    WriteFileAtomically(home / "smsc.dat", SerializeProviderFile({DemoCentres().front()}, error));
 }
 
 }  // namespace
@@ -104,6 +94,9 @@ ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
+// The program from its home on: settings, splash, the window and its loop.
+static int RunWindow(GuardedApplication& app, const ProgramOptions& options);
+
 int RunProgram(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
     const ProgramOptions options = ParseProgramOptions(arguments);
@@ -116,8 +109,20 @@ int RunProgram(int argc, char** argv) {
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&
         !std::getenv("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    QApplication app(argc, argv);
+    GuardedApplication app(argc, argv);
+    try {
+        return RunWindow(app, options);
+    } catch (const std::exception& e) {
+        // Nothing has been shown yet but the splash, which went with the stack.
+        QApplication::restoreOverrideCursor();
+        const Strings strings;
+        ShowCriticalBox(nullptr, strings.ProductName(),
+                        strings.LoadResString(sid::StartFailed) + " " + e.what());
+        return 1;
+    }
+}
 
+static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     const HomeChoice home = ChooseHome(options.home);
     InstanceLock lock(home.path);
     if (!lock.held()) return 0;  // another instance owns this home: end silently
@@ -180,6 +185,12 @@ int RunProgram(int argc, char** argv) {
         };
     }
     window.onClosed = [] { QApplication::quit(); };
+    app.onFault = [&form, &window](const std::string& what) {
+        form.SaveAfterFault();
+        ShowCriticalBox(&window, form.globals().strings.ProductName(),
+                        form.LoadResString(sid::UnexpectedFault) + " " + what);
+        window.controlsChanged();
+    };
     form.onExit = [&window] { window.modelClosed(); };
     if (options.demo) {
         // The demo shows the bytes on the line too, control bytes as <n>.
@@ -209,6 +220,14 @@ int RunProgram(int argc, char** argv) {
             window.close();
         });
     }
+
+    // A home with no centre to dial: say so and offer one, once the window stands.
+    if (QGuiApplication::platformName() != "offscreen" && commandLine.empty() &&
+        options.screenshot.empty() && !options.demo)
+        QTimer::singleShot(0, &window, [&form] {
+            form.OfferFirstCentre();
+            form.changed();
+        });
 
     QTimer demoWatch;
     const auto archiveBefore = OutboxFiles(home.path);

@@ -9,8 +9,9 @@
 
 #include "core/string_ids.h"
 #include "qt/artwork.h"
-#include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/archive_windows.h"
+#include "qt/dialogs/centre_dialog.h"
+#include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
@@ -166,6 +167,10 @@ void MainWindow::showForm(const std::string& form) {
         ShowRestoreDialog(this, form_);
     } else if (form == "frmFolders") {
         ShowFoldersWindow(this, form_);
+    } else if (form == "frmSMSCEdit") {
+        if (form_.SMSCEditForm) ShowCentreEditDialog(this, *form_.SMSCEditForm);
+    } else if (form == "frmFirstCentre") {
+        if (form_.FirstCentreForm) ShowFirstCentreDialog(this, *form_.FirstCentreForm);
     } else {
         form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
     }

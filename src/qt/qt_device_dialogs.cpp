@@ -1,9 +1,11 @@
 #include "qt/qt_device_dialogs.h"
 
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -21,14 +23,73 @@ std::unique_ptr<QDialog> MakeFieldDialog(FieldForm& form, DialogueHost& host,
     d->setObjectName(name);
     d->setWindowTitle(ToQt(strings.LoadResString(form.titleId)).remove('&'));
     auto* layout = new QFormLayout(d);
+    if (form.noteId != 0) {
+        auto* note =
+            new QLabel(ToQt(strings.LoadResString(form.noteId) + " " + form.noteDetail), d);
+        note->setObjectName("lblNote");
+        note->setWordWrap(true);
+        layout->addRow(note);
+    }
+    auto* modem = dynamic_cast<ModemSettingsForm*>(&form);
+    QComboBox* framing = nullptr;
+    if (modem) {
+        framing = new QComboBox(d);
+        framing->setObjectName("cboFraming");
+        for (const auto& choice : ModemSettingsForm::Framings())
+            framing->addItem(ToQt(strings.LoadResString(choice.captionId)));
+        framing->setPlaceholderText(ToQt(strings.LoadResString(sid::LabelFraming)));
+        framing->setCurrentIndex(modem->FramingIndex());
+        layout->addRow(ToQt(strings.LoadResString(sid::LabelFraming)), framing);
+    }
     for (const auto& field : form.fields()) {
+        const QString label = ToQt(strings.LoadResString(field.labelId));
+        if (const auto* choices = form.Choices(field.control)) {
+            auto* list = new QComboBox(d);
+            list->setObjectName(field.control);
+            for (const auto& choice : *choices)
+                list->addItem(
+                    ToQt(choice.captionId ? strings.LoadResString(choice.captionId) : choice.value),
+                    ToQt(choice.value));
+            list->setCurrentIndex(list->findData(ToQt(field.box->Text)));
+            layout->addRow(label, list);
+            continue;
+        }
         auto* edit = new QLineEdit(ToQt(field.box->Text), d);
         edit->setObjectName(field.control);
         const std::string control = field.control;
         new KeyRule(edit, [&form, control](int key) {
             return static_cast<unsigned char>(form.KeyPress(control, static_cast<char>(key)));
         });
-        layout->addRow(ToQt(strings.LoadResString(field.labelId)), edit);
+        layout->addRow(label, edit);
+    }
+    // The fields' texts from what the dialog shows: a list gives its chosen value.
+    const auto take = [&form, d] {
+        for (const auto& field : form.fields()) {
+            if (auto* list = d->findChild<QComboBox*>(field.control))
+                field.box->Text = FromQt(list->currentData().toString());
+            else
+                field.box->Text = FromQt(d->findChild<QLineEdit*>(field.control)->text());
+        }
+    };
+    if (modem) {
+        // A ready framing sets its three lists; a list changed by hand shows which one it is.
+        QObject::connect(framing, &QComboBox::activated, d, [modem, d](int index) {
+            modem->cboFraming_Click(index);
+            for (auto* box : {&modem->txtDataBits, &modem->txtParity, &modem->txtStopBits}) {
+                for (const auto& field : modem->fields()) {
+                    if (field.box != box) continue;
+                    auto* list = d->findChild<QComboBox*>(field.control);
+                    const QSignalBlocker block(list);
+                    list->setCurrentIndex(list->findData(ToQt(box->Text)));
+                }
+            }
+        });
+        for (const char* name : {"txtDataBits", "txtParity", "txtStopBits"})
+            QObject::connect(d->findChild<QComboBox*>(name), &QComboBox::currentIndexChanged, d,
+                             [modem, framing, take] {
+                                 take();
+                                 framing->setCurrentIndex(modem->FramingIndex());
+                             });
     }
     if (auto* ports = dynamic_cast<PortsForm*>(&form)) {
         // The ports found, for reference; a double click adds one.
@@ -51,14 +112,13 @@ std::unique_ptr<QDialog> MakeFieldDialog(FieldForm& form, DialogueHost& host,
         ->setText(ToQt(strings.LoadResString(sid::ButtonCancel)));
     layout->addRow(buttons);
     QObject::connect(buttons, &QDialogButtonBox::rejected, d, &QDialog::reject);
-    QObject::connect(buttons, &QDialogButtonBox::accepted, d, [&form, &host, &strings, d] {
-        for (const auto& field : form.fields())
-            field.box->Text = FromQt(d->findChild<QLineEdit*>(field.control)->text());
+    QObject::connect(buttons, &QDialogButtonBox::accepted, d, [&form, &host, &strings, d, take] {
+        take();
         if (form.Check(host, strings)) {
             d->accept();
-        } else if (auto* bad = d->findChild<QLineEdit*>(ToQt(form.focusedControl))) {
+        } else if (auto* bad = d->findChild<QWidget*>(ToQt(form.focusedControl))) {
             bad->setFocus();
-            bad->selectAll();
+            if (auto* edit = qobject_cast<QLineEdit*>(bad)) edit->selectAll();
         }
     });
     return dialog;

@@ -20,6 +20,7 @@ struct TextBox {
 struct Label {
     std::string Caption;
     bool Visible = true;
+    bool Enabled = true;
 };
 
 // A list or combo box: rows, the selected row (-1 none) and, for a combo, its edit text.

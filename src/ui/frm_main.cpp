@@ -86,6 +86,13 @@ void frmMain::changed() {
     if (observer_) observer_->controlsChanged();
 }
 
+void frmMain::SaveAfterFault() {
+    JournalQueue();
+    SaveProviders();
+    WriteDirectoryFile();
+    WriteGroupList();
+}
+
 void frmMain::WaitSecs(double seconds) {
     platform_.loop.waitSecs(seconds);
 }

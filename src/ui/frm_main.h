@@ -33,6 +33,8 @@
 namespace parlane {
 
 class frmModem;
+class frmSMSCEdit;
+class frmFirstCentre;
 class frmDirectoryAdd;
 class frmGroupAdd;
 class OpenFileChooser;
@@ -128,9 +130,23 @@ class frmMain {
     // What the import wizard does to this window: Names follows the directory, status lines.
     // The view adds its own DoEvents.
     ImportWindowHooks ImportHooks();
-    void mnuNewSMSC_Click() { ShowForm("frmSMSCEdit"); }
-    void mnuEditSMSC_Click() { ShowForm("frmSMSCEdit"); }
-    void mnuDeleteSMSC_Click() { ShowForm("frmSMSCEdit"); }
+    // The centre commands (config/centre_commands.cpp): each rewrites smsc.dat afterwards.
+    void mnuNewSMSC_Click();
+    void mnuEditSMSC_Click();
+    void mnuDeleteSMSC_Click();
+    // The centre editor while a centre command shows it through showForm("frmSMSCEdit").
+    frmSMSCEdit* SMSCEditForm = nullptr;
+    // Rewrites smsc.dat from Providers; false when it could not be written.
+    bool SaveProviders();
+    // Once the window is up: while no centre can be dialled, frmFirstCentre offers a new centre
+    // or the demonstration centres (through showForm, with FirstCentreForm set).
+    void OfferFirstCentre();
+    frmFirstCentre* FirstCentreForm = nullptr;
+    // The demonstration centres take the place of the centres that cannot be dialled.
+    void AddDemoCentres();
+    // After an unexpected fault in a handler: the pending messages, the centres, the directory
+    // and the list of groups go to disk.
+    void SaveAfterFault();
     // One dispatcher for the 14 toolbar icons; each does what its menu entry does.
     void picToolIcons_Click(int index);
 
@@ -381,6 +397,9 @@ class frmMain {
     // Selects every row of Services equal to `name`, as a click would; none: no change.
     void SelectCentreByName(const std::string& name);
     void ShowDirectoryAdd(const DirectoryEntry& entry, int commandNameId);
+    // True, after telling the user, while a run sends by the centres' places in the table.
+    bool CentresHeldByRun();
+    void ShowCentreEditor(frmSMSCEdit& form);
     void LoadProviders();
     void FirstRunModemCheck();
 

@@ -110,8 +110,10 @@ TEST(DevConfigEdit, AnyBytesOpenTheDialogOnTheirSettingsOrTheCurrentOnes) {
     testing::ScriptedDeviceDialogs dialogs;
     modem.setDeviceDialogs(&dialogs, nullptr);
     std::string speedShown, initShown;
+    bool noted = false;
     std::optional<ModemConfig> accepted;
     dialogs.onModem = [&](ModemSettingsForm& form) {
+        noted = form.noteId != 0 && form.noteDetail == "19200 8N2 RTS/CTS ATM1";
         speedShown = form.txtSpeed.Text;
         initShown = form.txtInitString.Text;
         accepted = form.Result();
@@ -133,6 +135,7 @@ TEST(DevConfigEdit, AnyBytesOpenTheDialogOnTheirSettingsOrTheCurrentOnes) {
         const ModemConfig opened = DecodeModemConfig(bytes).value_or(current);
         ASSERT_EQ(speedShown, std::to_string(opened.baud)) << round;
         ASSERT_EQ(initShown, opened.initString) << round;
+        ASSERT_EQ(noted, !DecodeModemConfig(bytes)) << round;  // the modem's own, and said so
         // OK goes through only on settings the checks accept, and gives exactly those back.
         ASSERT_EQ(result == 0, accepted.has_value()) << round;
         refused += result != 0;

@@ -35,13 +35,34 @@ void ExpectCheckOrder(FieldForm& form, const std::vector<std::string>& bad,
 
 TEST(ModemSettingsForm, ChecksEachFieldInOrderAndGivesTheSettingsBack) {
     ModemSettingsForm form(ModemConfig{});
-    ExpectCheckOrder(
-        form, {"1234", "9", "X", "3", "X", "ZZZ"}, {"2400", "7", "E", "2", "H", "AT&F1"},
-        {"Please Enter A Valid Speed (bits per second)", "Please Enter A Valid Data Bits (5 to 8)",
-         "Please Enter A Valid Parity (N, E or O)", "Please Enter A Valid Stop Bits (1 or 2)",
-         "Please Enter A Valid Flow Control (N none, H hardware)",
-         "Please Enter A Valid Initialisation Command (AT...)"});
+    ExpectCheckOrder(form, {"1234", "9", "X", "3", "X", "ZZZ"},
+                     {"2400", "7", "E", "2", "H", "AT&F1"},
+                     {"Please Enter A Valid Speed (bits per second)",
+                      "Please Enter A Valid Data Bits", "Please Enter A Valid Parity",
+                      "Please Enter A Valid Stop Bits", "Please Enter A Valid Flow Control",
+                      "Please Enter A Valid Initialisation Command (AT...)"});
     EXPECT_EQ(form.Result(), (ModemConfig{2400, 7, 'E', 2, true, "AT&F1"}));
+}
+
+TEST(ModemSettingsForm, ListsOfferOnlyWhatTheChecksTakeAndTheReadyFramings) {
+    ModemSettingsForm form(ModemConfig{});
+    for (const auto& field : form.fields()) {
+        const auto* choices = form.Choices(field.control);
+        if (field.box == &form.txtInitString) {
+            EXPECT_EQ(choices, nullptr);
+            continue;
+        }
+        ASSERT_NE(choices, nullptr) << field.control;
+        for (const auto& choice : *choices) EXPECT_TRUE(field.valid(choice.value)) << choice.value;
+    }
+    EXPECT_EQ(form.Choices("txtSpeed")->size(), 11u);
+    EXPECT_FALSE(form.fields()[1].valid("6"));  // five and six data bits are not offered
+    EXPECT_EQ(form.FramingIndex(), 0);
+    form.cboFraming_Click(1);
+    EXPECT_EQ(form.FramingIndex(), 1);
+    EXPECT_EQ(form.Result(), (ModemConfig{115200, 7, 'E', 1, false, ""}));
+    form.txtStopBits.Text = "2";
+    EXPECT_EQ(form.FramingIndex(), -1);
 }
 
 TEST(ModemSettingsForm, RulesOfSpeedAndInitString) {

@@ -32,16 +32,17 @@ std::int32_t FakeLine::lineInitialize(LineCallbackFunction cb, const std::string
                                       std::uint32_t& count) {
     log.push_back("init");
     callback = std::move(cb);
-    count = 1;
+    count = static_cast<std::uint32_t>(deviceNames.size());
     return 0;
 }
 std::int32_t FakeLine::lineShutdown() {
     log.push_back("shutdown");
     return 0;
 }
-std::int32_t FakeLine::lineGetDevCaps(std::uint32_t, LineDevCaps& caps) {
+std::int32_t FakeLine::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
+    if (device >= deviceNames.size() || deviceNames[device].empty()) return LINEERR_NODEVICE;
     caps.dwUsedSize = 240;
-    caps.lineName = "Simulated modem";
+    caps.lineName = deviceNames[device];
     return 0;
 }
 std::int32_t FakeLine::lineOpen(std::uint32_t device, std::uint32_t& line) {
@@ -98,7 +99,7 @@ std::int32_t FakeLine::lineClose(std::uint32_t) {
 }
 std::int32_t FakeLine::tapiGetLocationInfo(std::string& code, std::string& city) {
     code = "44";
-    city.clear();
+    city = locationCity;
     return 0;
 }
 std::int32_t FakeLine::lineGetDevConfig(std::uint32_t device, std::vector<std::uint8_t>& varString,

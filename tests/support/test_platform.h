@@ -90,8 +90,11 @@ class FakeLine : public TapiProvider, public SerialLink {
     }
 
     LineCallbackFunction callback;
-    std::vector<std::string> log;              // operations in order
-    std::vector<std::string> dialled;          // dialable strings of placed calls
+    // The devices' names; an empty name is a device whose capabilities cannot be read.
+    std::vector<std::string> deviceNames{"Simulated modem"};
+    std::string locationCity;          // the dialling location's area code; its country is 44
+    std::vector<std::string> log;      // operations in order
+    std::vector<std::string> dialled;  // dialable strings of placed calls
     std::deque<PlaceCallResult> placeResults;  // Placed when empty
     bool openLineSucceeds = true;
     std::int32_t translateResult = 0;

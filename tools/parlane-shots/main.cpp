@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <functional>
 
+#include "config/frm_first_centre.h"
 #include "core/file_io.h"
 #include "core/program.h"
 #include "core/string_ids.h"
@@ -21,6 +22,7 @@
 #include "line/simulated_modem.h"
 #include "qt/artwork.h"
 #include "qt/dialogs/archive_windows.h"
+#include "qt/dialogs/centre_dialog.h"
 #include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
@@ -161,6 +163,18 @@ void ShootDialogues(MainWindow& window, frmMain& form, QtDialogueHost& dialogues
         files.isEmpty() ? std::string()
                         : ReadWholeFile(outbox.filePath(files.first()).toStdString()).value_or("");
     ShootModal("frmOpen", [&] { ShowOpenMessageWindow(&window, form, content); });
+    form.settings().SaveSetting("Settings", "FirstEdit", "1");
+    ShootModal("frmSMSCEdit", [&form] { form.mnuNewSMSC_Click(); });
+    for (const auto& [centre, name] : {std::pair{"Demo TAP Centre", "frmSMSCEdit-edit"},
+                                       {"Demo UCP Centre", "frmSMSCEdit-ucp"}}) {
+        form.Services.select(form.Services.FindRow(centre));
+        ShootModal(name, [&form] { form.mnuEditSMSC_Click(); });
+    }
+    {
+        frmFirstCentre model(form);
+        model.Form_Load();
+        ShootModal("frmFirstCentre", [&] { ShowFirstCentreDialog(&window, model); });
+    }
     {
         ToolWindow tools(&window, form);
         std::vector<QIcon> icons;
@@ -192,6 +206,7 @@ void ShootDialogues(MainWindow& window, frmMain& form, QtDialogueHost& dialogues
     }
     {
         ModemSettingsForm model(ModemConfig{});
+        model.ShowDefaultsNote(ModemConfig{});
         Shoot(*MakeFieldDialog(model, dialogues, strings, &window, "frmModemSettings"),
               "frmModemSettings");
     }

@@ -13,72 +13,13 @@
 #include <functional>
 #include <utility>
 
+#include "qt/dialogs/dialog_parts.h"
 #include "qt/key_rule.h"
 #include "qt/qt_text.h"
 #include "ui/frm_directory_add.h"
 #include "ui/frm_group_add.h"
 
 namespace parlane {
-namespace {
-
-QLineEdit* LineEdit(const char* name, QWidget* parent) {
-    auto* edit = new QLineEdit(parent);
-    edit->setObjectName(name);
-    return edit;
-}
-
-QComboBox* ListBox(const char* name, QWidget* parent) {
-    auto* box = new QComboBox(parent);
-    box->setObjectName(name);
-    return box;
-}
-
-QPushButton* Button(const char* name, const std::string& caption, QWidget* parent) {
-    auto* button = new QPushButton(ToQt(caption), parent);
-    button->setObjectName(name);
-    return button;
-}
-
-void FillList(QComboBox* box, const ListControl& list) {
-    const QSignalBlocker block(box);
-    box->clear();
-    for (const auto& row : list.rows) box->addItem(ToQt(row));
-    box->setCurrentIndex(list.ListIndex);
-    box->setEnabled(list.Enabled);
-}
-
-void SetText(QLineEdit* edit, const TextBox& box) {
-    if (FromQt(edit->text()) != box.Text) edit->setText(ToQt(box.Text));
-}
-
-// Puts the focus where the model asked for it.
-void MoveFocus(QDialog& dialog, std::string& focusedControl) {
-    if (focusedControl.empty()) return;
-    if (auto* widget = dialog.findChild<QWidget*>(QString::fromStdString(focusedControl)))
-        widget->setFocus();
-    focusedControl.clear();
-}
-
-// Save and Cancel go to the model's handlers, then the view follows it; closing by the
-// window's frame or Escape is Cancel. Runs the dialogue unless the model is already done.
-template <typename Model, typename Pull>
-void RunWithButtons(QDialog& dialog, QPushButton* ok, QPushButton* cancel, Model& model,
-                    const Pull& pull) {
-    QObject::connect(ok, &QPushButton::clicked, [&] {
-        model.cmdProviderItemOk_Click();
-        pull();
-    });
-    QObject::connect(cancel, &QPushButton::clicked, [&] {
-        model.cmdProviderItemCancel_Click();
-        pull();
-    });
-    QObject::connect(&dialog, &QDialog::rejected, [&] {
-        if (!model.unloaded) model.cmdProviderItemCancel_Click();
-    });
-    if (!model.unloaded) dialog.exec();
-}
-
-}  // namespace
 
 void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
     QDialog dialog(owner);

@@ -38,14 +38,15 @@ FieldHooks::FieldHooks(QLineEdit* edit, TextBox& box, Handlers handlers)
         box_.SelLength = 0;
         if (handlers_.change) {
             handlers_.change();
-            if (edit_->text() != ToQt(box_.Text)) mirror();
+            if (FromQt(edit_->text()) != box_.Text) mirror();
         }
     });
     mirror();
 }
 
 void FieldHooks::mirror() {
-    if (edit_->text() != ToQt(box_.Text)) edit_->setText(ToQt(box_.Text));
+    // Compared as the model's bytes: characters the code page lacks stay as the user typed them.
+    if (FromQt(edit_->text()) != box_.Text) edit_->setText(ToQt(box_.Text));
     edit_->setSelection(box_.SelStart, box_.SelLength);
 }
 

@@ -1,0 +1,132 @@
+// The centre editor's view: a centre added by real key events carries a message through the
+// simulated modem, and a block edited with &Properties reaches the line before the dial.
+#include "qt/dialogs/centre_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include "config/frm_smsc_edit.h"
+#include "line/simulated_modem.h"
+#include "qt/main_window.h"
+#include "qt/qt_event_loop.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::TestPlatform;
+
+// Runs `body` on the centre editor once it is open.
+void WhenEditorOpen(std::function<void(QDialog&)> body) {
+    QTimer::singleShot(0, [body] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* d = qobject_cast<QDialog*>(w);
+                d && d->objectName() == "frmSMSCEdit" && d->isVisible())
+                return body(*d);
+        FAIL() << "frmSMSCEdit not open";
+    });
+}
+
+void Retype(QDialog& d, const char* field, const char* keys) {
+    auto* edit = d.findChild<QLineEdit*>(field);
+    ASSERT_TRUE(edit) << field;
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    QTest::keyClicks(edit, keys);
+}
+
+TEST(QtCentreEditor, ACentreAddedByKeysCarriesAMessage) {
+    TestPlatform p;
+    p.writeProviders({});  // a fresh home: one empty centre
+    QtEventLoop loop;
+    SimulatedModem modem(loop);
+    frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, modem, modem, p.home},
+                 p.globals);
+    form.Form_Load();
+    MainWindow window(form);
+    window.show();
+    WhenEditorOpen([&](QDialog& d) {
+        Retype(d, "txtProviderName", "Sim UCP");
+        Retype(d, "txtCountryCode", "44");
+        Retype(d, "txtAreaCode", "0800");
+        Retype(d, "txtNumber", "10x0101");
+        EXPECT_EQ(d.findChild<QLineEdit*>("txtNumber")->text(), "100101");
+        auto* ucp = d.findChild<QRadioButton*>("optProtocol_1");
+        ASSERT_TRUE(ucp);
+        QTest::mouseClick(ucp, Qt::LeftButton);
+        EXPECT_TRUE(d.findChild<QComboBox*>("cboUCPOperation")->isEnabled());
+        EXPECT_FALSE(d.findChild<QCheckBox*>("chkASCII")->isEnabled());
+        EXPECT_EQ(d.findChild<QComboBox*>("cboTapiDevice")->currentText(), "Simulated modem");
+        d.findChild<QPushButton*>("cmdProviderItemOk")->click();
+    });
+    window.action("mnuNewSMSC")->trigger();
+    ASSERT_EQ(form.Providers.size(), 2u);
+    EXPECT_EQ(form.Services.Text, "Sim UCP");
+    EXPECT_EQ(form.Providers[1].Protocol, ProtocolUcp);
+    EXPECT_TRUE(p.dialogues.shown.empty());
+
+    testing::Compose(form, "Through a centre of my own", "44", "07700", "900123");
+    window.controlsChanged();
+    window.action("mnuQueue")->trigger();
+    ASSERT_EQ(UpperBound(form.QueueBuffer), 1);
+    EXPECT_EQ(form.QueueBuffer[1].ProviderName, "Sim UCP");
+    window.action("mnuSend")->trigger();
+    QTRY_VERIFY_WITH_TIMEOUT(p.archiveFiles().size() == 1 && !form.state.CallActive, 30000);
+    EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+    form.Form_QueryUnload();
+    form.Form_Unload();
+}
+
+TEST(QtCentreEditor, PropertiesGiveTheBlockTheLineGetsBeforeTheDial) {
+    TestPlatform p;
+    p.writeProviders({testing::MakeProvider("Alpha")});
+    p.line.editedDevConfig = {7, 8, 1, 'E', 1};
+    auto& form = p.load();
+    MainWindow window(form);
+    window.show();
+    p.settings.write("Parlane", "Settings", "FirstEdit", "1");
+    WhenEditorOpen([&](QDialog& d) {
+        // A character the code page lacks is refused, and stays on screen as typed.
+        auto* password = d.findChild<QLineEdit*>("txtPassword");
+        QTest::keyClicks(password, "p");
+        QKeyEvent omega(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier,
+                        QString::fromUtf8("\u03a9"));
+        QApplication::sendEvent(password, &omega);
+        d.findChild<QPushButton*>("cmdProviderItemOk")->click();
+        EXPECT_TRUE(d.isVisible());
+        EXPECT_EQ(password->text(), QString::fromUtf8("p\u03a9"));
+        EXPECT_TRUE(password->hasFocus() || !QApplication::focusWidget());
+        QTest::keyClick(password, Qt::Key_Backspace);
+        d.findChild<QPushButton*>("cmdLineConfigDialog")->click();
+        d.findChild<QPushButton*>("cmdProviderItemOk")->click();
+    });
+    window.action("mnuEditSMSC")->trigger();
+    ASSERT_EQ(p.dialogues.shown.size(), 1u);
+    EXPECT_NE(p.dialogues.shown[0].prompt.find("Logon Password"), std::string::npos);
+    EXPECT_EQ(form.Providers[0].Password, "p");
+    EXPECT_EQ(form.Providers[0].DevConfig, p.line.editedDevConfig);
+
+    testing::QueueTexts(form, {"Framed"});
+    form.mnuSend_Click();
+    p.loop.runUntil([&] { return !p.line.dialled.empty(); });
+    const auto set = std::find(p.line.log.begin(), p.line.log.end(), "set dev config 5");
+    ASSERT_NE(set, p.line.log.end());
+    EXPECT_LT(set - p.line.log.begin(),
+              std::find_if(p.line.log.begin(), p.line.log.end(), [](const std::string& s) {
+                  return s.rfind("translate", 0) == 0;
+              }) - p.line.log.begin());
+}
+
+}  // namespace
+}  // namespace parlane
