@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <set>
 
@@ -19,6 +20,7 @@
 #include "line/device_list.h"
 #include "line/simulated_modem.h"
 #include "qt/artwork.h"
+#include "qt/close_signals.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
 #include "qt/main_window.h"
@@ -117,6 +119,8 @@ int RunProgram(int argc, char** argv) {
         !std::getenv("QT_QPA_PLATFORM"))
         setenv("QT_QPA_PLATFORM", "offscreen", 1);
     QApplication app(argc, argv);
+    // From here a signal waits for the window, whose close then ends the program properly.
+    CloseSignals closeSignals;
 
     const HomeChoice home = ChooseHome(options.home);
     InstanceLock lock(home.path);
@@ -148,6 +152,7 @@ int RunProgram(int argc, char** argv) {
     // dialling by the location kept in the settings (first guessed from the system locale).
     Settings programSettings(settingsStore, globals.strings.ProductName());
     AtModemOptions modemOptions;
+    if (const char* lockDir = std::getenv("PARLANE_LOCK_DIR")) modemOptions.lockDir = lockDir;
     const QString territory = QLocale::territoryToCode(QLocale::system().territory());
     modemOptions.location =
         LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
@@ -181,6 +186,12 @@ int RunProgram(int argc, char** argv) {
     }
     window.onClosed = [] { QApplication::quit(); };
     form.onExit = [&window] { window.modelClosed(); };
+    closeSignals.listen([&window, &form, printStatus](int number) {
+        const std::string name = sigabbrev_np(number) ? sigabbrev_np(number) : "?";
+        form.debugLog.AppendLog("SIG" + name + " - Close Request");
+        if (printStatus) std::fprintf(stderr, "parlane: SIG%s, closing\n", name.c_str());
+        window.close();  // a second signal while closing changes nothing
+    });
     if (options.demo) {
         // The demo shows the bytes on the line too, control bytes as <n>.
         modem.onTraffic = [started](bool toCentre, const std::string& bytes) {
