@@ -126,6 +126,8 @@ void frmMain::DialCenter() {
         ShowStatus(LoadResString(sid::LineInUse));
         state.LineInUseRetry = true;
         WaitSecs(10);
+        // The program ended during the wait: nothing is dialled on a line that is shut down.
+        if (unloading_) return;
         // Stop ends the wait: the next tick gives the message up.
         if (state.StopPressed != 0) {
             state.LineInUseRetry = false;

@@ -68,5 +68,19 @@ TEST(ExitDrop, TheLineIsDroppedBeforeTheEndOrTheLimitPasses) {
     }
 }
 
+TEST(ExitDrop, AnEndDuringTheLineInUseWaitDialsNothingMore) {
+    TestPlatform p;
+    p.writeProviders({MakeProvider("Alpha")});
+    auto& f = p.load();
+    p.line.placeResults = {PlaceCallResult::LineInUse, PlaceCallResult::Placed};
+    testing::Compose(f, "hello");
+    f.mnuSend_Click();
+    // Dialled at 4 s, found in use: the close comes in the middle of the 10 s wait.
+    p.loop.singleShot(Milliseconds(9000), [&] { f.mnuExit_Click(); });
+    p.loop.advance(Milliseconds(30000));
+    EXPECT_EQ(p.line.dialled.size(), 1u);
+    EXPECT_TRUE(std::filesystem::exists(p.home / "queue.dat"));
+}
+
 }  // namespace
 }  // namespace parlane
