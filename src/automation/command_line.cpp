@@ -59,6 +59,10 @@ void frmMain::tmrCommandLine_Timer() {
 void frmMain::tmrCommandCompleted_Timer() {
     if (state.CallActive) return;
     tmrCommandCompleted.setEnabled(false);
+    RemoteClose();
+}
+
+void frmMain::RemoteClose() {
     mnuExit_Click();
     if (onExit) onExit();
 }

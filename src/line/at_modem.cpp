@@ -308,6 +308,7 @@ void AtModem::watcherLoop(int fd, int wakeFd, std::uint64_t generation) {
             if (ioctl(fd, TIOCMGET, &bits) != 0) continue;
             if (bits & TIOCM_CD) {
                 sawCarrier = true;
+                carrierSeen_ = true;
             } else if (sawCarrier) {
                 // Carrier fell: the far end or the line is gone.
                 sawCarrier = false;
@@ -413,6 +414,7 @@ std::int32_t AtModem::lineMakeCall(std::uint32_t, std::uint32_t& callHandle,
     if (devConfig_ && !devConfig_->initString.empty()) callInit_.push_back(devConfig_->initString);
     dialCommand_ = std::string("ATD") + options_.dialMode + dialable;
     dialling_ = false;
+    carrierSeen_ = false;
     setMode(kCommand);
     ++step_;
     loop_.singleShot(Milliseconds(0), [this, alive = std::weak_ptr<bool>(alive_), request] {
@@ -498,31 +500,44 @@ std::int32_t AtModem::lineDrop(std::uint32_t) {
     }
     int bits = TIOCM_DTR;
     if (canDriveDtr_ && ioctl(fd_, TIOCMBIC, &bits) == 0) {
-        later(options_.dtrLowTime, [this] {
+        later(options_.dtrLowTime, [this, was] {
             int dtr = TIOCM_DTR;
             ioctl(fd_, TIOCMBIS, &dtr);
-            setMode(kCommand);
-            finishDrop();
+            // A modem set to ignore DTR (&D0) keeps its carrier: escape and ATH as well. So
+            // does one whose carrier line says nothing (never seen high, or always high).
+            int lines = 0;
+            const bool carrierGone =
+                carrierSeen_ && ioctl(fd_, TIOCMGET, &lines) == 0 && (lines & TIOCM_CD) == 0;
+            if (was == Phase::Connected && !carrierGone)
+                escapeAndHangUp();
+            else
+                hangUpInCommandMode();
         });
         return 0;
     }
-    if (was == Phase::Connected) {
-        // No DTR to drop: escape to command mode with silence on both sides of "+++".
-        later(options_.guardTime, [this] {
-            WriteAll(fd_, "+++");
-            setMode(kCommand);
-            // The OK comes after the modem's own guard time; a modem that is in command mode
-            // already (the far end hung up) says nothing, and ATH follows anyway.
-            armTimeout(2 * options_.guardTime + Milliseconds(500));
-        });
-        return 0;
-    }
-    // Already in command mode (or dialling, which any character stops).
+    if (was == Phase::Connected)
+        escapeAndHangUp();
+    else
+        hangUpInCommandMode();  // or dialling, which any character stops
+    return 0;
+}
+
+void AtModem::escapeAndHangUp() {
+    // Silence on both sides of "+++" takes the modem back to command mode.
+    later(options_.guardTime, [this] {
+        WriteAll(fd_, "+++");
+        setMode(kCommand);
+        // The OK comes after the modem's own guard time; a modem that is in command mode
+        // already (the far end hung up) says nothing, and ATH follows anyway.
+        armTimeout(2 * options_.guardTime + Milliseconds(500));
+    });
+}
+
+void AtModem::hangUpInCommandMode() {
     setMode(kCommand);
     hangupSent_ = true;
     send("ATH");
     armTimeout(options_.commandTimeout);
-    return 0;
 }
 
 void AtModem::finishDrop() {

@@ -2,8 +2,9 @@
 // One Hayes-compatible modem on a serial device. The provider owns the port: it takes the UUCP
 // lock, opens and configures the device, talks AT commands until CONNECT, then hands the
 // descriptor to its serial link and only watches for the call's end (carrier or device lost).
-// Dropping the call lowers DTR; where DTR cannot be driven (a pseudo-terminal) it escapes with
-// "+++" between guard times and sends ATH, on timers of the program's loop.
+// Dropping the call lowers DTR; when the carrier outlives that, or DTR cannot be driven (a
+// pseudo-terminal), it escapes with "+++" between guard times and sends ATH, on timers of the
+// program's loop.
 //
 // Threads: one watcher thread per open port. It reads the modem's answers line by line and posts
 // them to the loop; it never touches anything else. Every event reaches the program through the
@@ -125,6 +126,8 @@ class AtModem : public TapiProvider {
     void nextCommand();
     void armTimeout(Milliseconds delay);
     void endCall();  // DISCONNECTED
+    void escapeAndHangUp();
+    void hangUpInCommandMode();
     void finishDrop();
     void deliver(std::uint32_t state);
     // Runs fn on the loop after `delay`, unless the port or the call step has moved on.
@@ -147,8 +150,9 @@ class AtModem : public TapiProvider {
     std::atomic<int> mode_{kCommand};
     std::atomic<bool> dialling_{false};  // the watcher stops reading at CONNECT
     std::atomic<bool> watchCarrier_{false};
-    std::uint64_t portGeneration_ = 0;  // posts of an earlier port are dropped
-    std::uint64_t step_ = 0;            // timers of an earlier step are dropped
+    std::atomic<bool> carrierSeen_{false};  // DCD was high during this call
+    std::uint64_t portGeneration_ = 0;      // posts of an earlier port are dropped
+    std::uint64_t step_ = 0;                // timers of an earlier step are dropped
 
     Phase phase_ = Phase::Idle;
     std::size_t initIndex_ = 0;

@@ -1,4 +1,7 @@
 // Call control: from the head of SendBuffer to a call with an open port, and back down again.
+#include <cstdio>
+#include <memory>
+
 #include "core/string_ids.h"
 #include "line/tapi_text.h"
 #include "ui/frm_main.h"
@@ -123,6 +126,8 @@ void frmMain::DialCenter() {
         ShowStatus(LoadResString(sid::LineInUse));
         state.LineInUseRetry = true;
         WaitSecs(10);
+        // The program ended during the wait: nothing is dialled on a line that is shut down.
+        if (unloading_) return;
         // Stop ends the wait: the next tick gives the message up.
         if (state.StopPressed != 0) {
             state.LineInUseRetry = false;
@@ -169,12 +174,40 @@ void frmMain::HangUp() {
     for (int i = 0; i < Services.ListCount(); ++i)
         if (Services.rows[static_cast<std::size_t>(i)] == defaultName) Services.select(i);
     if (Services.ListIndex < 0 && Services.ListCount() > 0) Services.select(0);
-    if (!state.LineInUseRetry) {
+    if (!state.LineInUseRetry && !unloading_) {
         timSendMessages.setEnabled(false);
         state.DialPending = false;
         timSendMessages.setEnabled(true);
     }
     state.UcpDialogue = false;
+}
+
+// The provider's drop runs on the loop (DTR, guard times, the modem's answer to ATH), so the
+// program must not close the port and end until it is done: a modem that ignores DTR would
+// otherwise stay off-hook on a paid line. A modem that never answers holds the end up for
+// kExitDropLimit at most.
+void frmMain::EndCallForExit() {
+    unloading_ = true;
+    for (Timer* t : {&timSendMessages, &timCheckSingleMessageSent, &timSafetyTimer, &timCommEvent,
+                     &timResponse, &timSendCR, &timUnloadfrmResponse, &timAnimate, &tmrCommandLine,
+                     &tmrCommandCompleted, &timUnloadMe})
+        t->setEnabled(false);
+    if (!tapi.CallPlaced()) return;
+    if (state.CallActive) HangUp();
+    // Still dialling, or connected without a port: HangUp leaves such a call alone.
+    if (!tapi.DropAsked()) tapi.DropCall();
+    if (!tapi.DropAsked()) return;
+    auto& loop = platform_.loop;
+    const auto started = loop.now();
+    auto limitPassed = std::make_shared<bool>(false);
+    loop.singleShot(kExitDropLimit, [limitPassed] { *limitPassed = true; });
+    loop.runUntil([&] { return !tapi.CallPlaced() || *limitPassed; });
+    char seconds[32];
+    std::snprintf(seconds, sizeof seconds, "%.1f s",
+                  static_cast<double>((loop.now() - started).count()) / 1000.0);
+    debugLog.AppendLog(tapi.CallPlaced()
+                           ? std::string("Line Not Idle After ") + seconds + ", Closing It - Exit"
+                           : std::string("Line Dropped In ") + seconds + " - Exit");
 }
 
 void frmMain::CloseCommPort() {

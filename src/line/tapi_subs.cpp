@@ -92,6 +92,7 @@ PlaceCallResult TAPISubs::PlaceCall(const std::string& address, std::uint32_t me
     if (result >= 0) {
         callHandle_ = call;
         callPlaced_ = true;
+        dropAsked_ = idleSeen_ = false;
         log("Call Placed TelNum:- " + address + " - lineMakeCall");
         return PlaceCallResult::Placed;
     }
@@ -102,6 +103,7 @@ PlaceCallResult TAPISubs::PlaceCall(const std::string& address, std::uint32_t me
 
 void TAPISubs::DropCall() {
     const auto result = provider_.lineDrop(callHandle_);
+    if (result >= 0) dropAsked_ = true;
     log(result < 0 ? TapiErrorText(result) + " - lineDrop" : "Success! - lineDrop");
 }
 
@@ -179,6 +181,7 @@ void TAPISubs::LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage,
         log("Line CallState " + CallStateText(dwParam1));
         // An incoming call must not take the place of the call we placed.
         if (dwParam1 == LINECALLSTATE_OFFERING && !callPlaced_) callHandle_ = hDevice;
+        if (dwParam1 == LINECALLSTATE_IDLE) idleSeen_ = true;
         if (setLblEvent) setLblEvent(std::to_string(dwParam1));
     } else if (dwMessage == LINE_REPLY) {
         log("LineReply " + TapiMessageText(dwMessage) + " ReqID: " + std::to_string(dwParam1));

@@ -55,6 +55,10 @@ class TAPISubs {
 
     std::uint32_t LineDeviceCount() const { return lineDeviceCount_; }
     std::uint32_t CallHandle() const { return callHandle_; }
+    // A call was placed and the provider has not yet said IDLE for it.
+    bool CallPlaced() const { return callPlaced_ && !idleSeen_; }
+    // lineDrop has been accepted for that call.
+    bool DropAsked() const { return dropAsked_; }
     DebugLog& debugLog() { return log_; }
 
   private:
@@ -67,6 +71,9 @@ class TAPISubs {
     std::uint32_t lineHandle_ = 0;
     std::uint32_t callHandle_ = 0;
     bool callPlaced_ = false;
+    bool dropAsked_ = false;
+    // Seen even when lblEvent ignores it (it already read "1": no state came during the dial).
+    bool idleSeen_ = false;
 };
 
 }  // namespace parlane

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <set>
 
@@ -20,6 +21,7 @@
 #include "line/device_list.h"
 #include "line/simulated_modem.h"
 #include "qt/artwork.h"
+#include "qt/close_signals.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
 #include "qt/guarded_application.h"
@@ -123,6 +125,8 @@ int RunProgram(int argc, char** argv) {
 }
 
 static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
+    // From here a signal waits for the window, whose close then ends the program properly.
+    CloseSignals closeSignals;
     const HomeChoice home = ChooseHome(options.home);
     InstanceLock lock(home.path);
     if (!lock.held()) return 0;  // another instance owns this home: end silently
@@ -153,6 +157,7 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     // dialling by the location kept in the settings (first guessed from the system locale).
     Settings programSettings(settingsStore, globals.strings.ProductName());
     AtModemOptions modemOptions;
+    if (const char* lockDir = std::getenv("PARLANE_LOCK_DIR")) modemOptions.lockDir = lockDir;
     const QString territory = QLocale::territoryToCode(QLocale::system().territory());
     modemOptions.location =
         LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
@@ -192,6 +197,12 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
         window.controlsChanged();
     };
     form.onExit = [&window] { window.modelClosed(); };
+    closeSignals.listen([&window, &form, printStatus](int number) {
+        const std::string name = sigabbrev_np(number) ? sigabbrev_np(number) : "?";
+        form.debugLog.AppendLog("SIG" + name + " - Close Request");
+        if (printStatus) std::fprintf(stderr, "parlane: SIG%s, closing\n", name.c_str());
+        window.close();  // a second signal while closing changes nothing
+    });
     if (options.demo) {
         // The demo shows the bytes on the line too, control bytes as <n>.
         modem.onTraffic = [started](bool toCentre, const std::string& bytes) {

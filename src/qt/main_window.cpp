@@ -30,6 +30,7 @@ std::string MainWindow::caption(int id) const {
 // Every handler runs through here: the model knows where the window stands (Exit saves it),
 // and a handler that unloaded the model closes the window.
 void MainWindow::run(const std::function<void()>& handler) {
+    if (form_.unloading()) return;
     syncPosition();
     handler();
     if (!form_.loaded()) {

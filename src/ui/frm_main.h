@@ -92,7 +92,11 @@ class frmMain {
     void Form_Load();
     void Form_QueryUnload();
     void Form_Unload();
+    // The longest the end of the program waits for the provider to finish dropping the call.
+    static constexpr Milliseconds kExitDropLimit{6000};
     bool loaded() const { return loaded_; }
+    // The window is on its way out (waiting for the line to drop): commands do nothing.
+    bool unloading() const { return unloading_; }
 
     // Commands.
     void mnuQueue_Click();
@@ -218,6 +222,8 @@ class frmMain {
     void RemoteQueue() { mnuQueue_Click(); }
     void RemoteQueueGroup();
     void RemoteSend() { mnuSend_Click(); }
+    // The normal end of the program, as Exit; the view learns of it through onExit.
+    void RemoteClose();
     void QueueFromCommandLine(const std::string& message, const std::string& name);
     // The arguments after the program's own options, as one command line.
     void HandleCommandLine(const std::string& commandLine);
@@ -393,6 +399,8 @@ class frmMain {
     void ShowMessageInPanel(const QueuedMessage& message);
     void SetIdleLook();
     void SetCallingLook();
+    // Stops the engine and waits, serving events, until the call is dropped (or the limit).
+    void EndCallForExit();
     void SelectDefaultCentre();
     // Selects every row of Services equal to `name`, as a click would; none: no change.
     void SelectCentreByName(const std::string& name);
@@ -453,6 +461,7 @@ class frmMain {
     Settings settings_;
     FormObserver* observer_ = nullptr;
     bool loaded_ = false;
+    bool unloading_ = false;  // nothing may dial again
     // The queue set aside by a single-message run, until the run's end brings it back.
     std::optional<MessageTable> stashedQueue_;
     bool queueDirty_ = false;

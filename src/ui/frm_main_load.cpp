@@ -198,6 +198,7 @@ void frmMain::Form_Unload() {
         settings_.SaveSetting("Settings", "MainLeft", std::to_string(MainLeft));
         settings_.SaveSetting("Settings", "MainTop", std::to_string(MainTop));
     }
+    EndCallForExit();
     platform_.serial.CloseCommunicationsPort();
     tapi.ShutdownTelephony();
     loaded_ = false;

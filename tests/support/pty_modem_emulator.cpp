@@ -56,6 +56,11 @@ void PtyModemEmulator::vanish() {
     [[maybe_unused]] auto n = ::write(wake_[1], &c, 1);
 }
 
+void PtyModemEmulator::goDeaf() {
+    std::lock_guard lock(mutex_);
+    deaf_ = true;
+}
+
 std::vector<std::string> PtyModemEmulator::commands() const {
     std::lock_guard lock(mutex_);
     return commands_;
@@ -174,6 +179,7 @@ void PtyModemEmulator::hangUp() {
 }
 
 void PtyModemEmulator::onBytes(const char* data, std::size_t n) {
+    if (deaf_) return;
     if (dataMode_) {
         onDataBytes(data, n);
         return;

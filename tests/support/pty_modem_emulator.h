@@ -34,6 +34,8 @@ class PtyModemEmulator : private CentreLink {
     void setAnswer(Answer answer);
     // The device disappears (the master side closes).
     void vanish();
+    // The modem stops answering anything, "+++" and ATH included; it stays off-hook.
+    void goDeaf();
 
     std::vector<std::string> commands() const;  // AT command lines, as received
     std::string dialled() const;                // dial string of the last ATD
@@ -69,6 +71,7 @@ class PtyModemEmulator : private CentreLink {
     const Milliseconds connectDelay_{300};
     Milliseconds guard_{900};  // a little under the usual second, to allow for scheduling
     bool echo_ = true, verbose_ = true, dataMode_ = false, callUp_ = false, dialPending_ = false;
+    bool deaf_ = false;
     std::string line_;
     std::uint64_t callGeneration_ = 0;
     int plusCount_ = 0;

@@ -87,6 +87,8 @@ std::int32_t FakeLine::lineMakeCall(std::uint32_t, std::uint32_t& call, const st
 }
 std::int32_t FakeLine::lineDrop(std::uint32_t) {
     log.push_back("drop");
+    if (idleAfterDropMs >= 0)
+        loop_.singleShot(Milliseconds(idleAfterDropMs), [this] { sendState(LINECALLSTATE_IDLE); });
     return 0;
 }
 std::int32_t FakeLine::lineDeallocateCall(std::uint32_t) {

@@ -110,6 +110,8 @@ class FakeLine : public TapiProvider, public SerialLink {
     // `farEndHangUpAfter` (0: never).
     int autoConnectMs = 0;
     int farEndHangUpAfterMs = 0;
+    // The provider's own drop: IDLE this long after lineDrop; never when negative.
+    int idleAfterDropMs = -1;
 
   private:
     EventLoop& loop_;
