@@ -8,6 +8,7 @@
 #include "config/frm_smsc_edit.h"
 #include "core/cp1252.h"
 #include "core/file_io.h"
+#include "store/queue_journal.h"
 #include "support/test_platform.h"
 
 namespace parlane {
@@ -348,8 +349,8 @@ TEST_F(CentreEditor, AFaultSavesThePendingMessagesAndTheTables) {
     for (const char* file : {"queue.journal", "smsc.dat", "phones.dat", "Data/group.dat"})
         std::filesystem::remove(p.home / file);
     f->SaveAfterFault();
-    const auto journal = ParseQueueFile(ReadWholeFile(p.home / "queue.journal").value_or(""));
-    EXPECT_EQ(testing::Texts(journal.records), std::vector<std::string>{"kept"});
+    const auto journal = ParseQueueJournal(ReadWholeFile(p.home / "queue.journal").value_or(""));
+    EXPECT_EQ(testing::Texts(journal.pending), std::vector<std::string>{"kept"});
     EXPECT_EQ(fileCentres(), f->Providers);
     EXPECT_TRUE(std::filesystem::exists(p.home / "phones.dat"));
     EXPECT_NE(ReadWholeFile(p.home / "Data" / "group.dat").value_or("").find("Team"),
