@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <regex>
 #include <set>
 
 #include "core/cp1252.h"
@@ -64,13 +63,30 @@ std::string_view Trim(std::string_view s) {
     return s;
 }
 
+// "%s", "%d", "%1", "%%" and "{0}" style markers.
 std::multiset<std::string> Placeholders(std::string_view text) {
-    static const std::regex kPlaceholder(R"(%[0-9]*[sdiuxXcf%]|%[0-9]+|\{[0-9]+\})");
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     std::multiset<std::string> found;
-    const std::string s(text);
-    for (auto it = std::sregex_iterator(s.begin(), s.end(), kPlaceholder);
-         it != std::sregex_iterator(); ++it)
-        found.insert(it->str());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char open = text[i];
+        if (open != '%' && open != '{') continue;
+        std::size_t j = i + 1;
+        while (j < text.size() && isDigit(text[j])) ++j;
+        const bool digits = j > i + 1;
+        bool marker;
+        if (open == '{') {
+            marker = digits && j < text.size() && text[j] == '}';
+        } else if (j < text.size() &&
+                   std::string_view("sdiuxXcf%").find(text[j]) != std::string_view::npos) {
+            marker = true;
+        } else {
+            marker = digits;  // "%1" ends at its last digit
+            --j;
+        }
+        if (!marker) continue;
+        found.insert(std::string(text.substr(i, j - i + 1)));
+        i = j;
+    }
     return found;
 }
 
