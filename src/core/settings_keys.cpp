@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "core/settings_store.h"
+
 namespace parlane {
 namespace {
 
@@ -56,6 +58,22 @@ std::optional<std::string> DefaultFor(std::string_view section, std::string_view
     for (const auto& k : kKeys)
         if (k.section == section && k.key == key) return std::string(k.defaultValue);
     return std::nullopt;
+}
+
+void CarrySettingsOver(SettingsStore& store, const std::string& fromApplication,
+                       const std::string& toApplication) {
+    if (fromApplication == toApplication) return;
+    // The dialling location is kept beside the table's keys.
+    constexpr std::string_view kLocationKeys[] = {
+        "CountryCode", "AreaCode", "OutsideLine", "NationalPrefix", "InternationalPrefix", "Tone"};
+    const auto carry = [&](std::string_view section, std::string_view key) {
+        const std::string s(section), k(key);
+        if (store.read(toApplication, s, k)) return;
+        if (auto value = store.read(fromApplication, s, k))
+            store.write(toApplication, s, k, *value);
+    };
+    for (const SettingKey& k : kKeys) carry(k.section, k.key);
+    for (std::string_view key : kLocationKeys) carry("Location", key);
 }
 
 }  // namespace parlane

@@ -22,4 +22,12 @@ std::optional<std::string> DefaultFor(std::string_view section, std::string_view
                                       const std::string& editionCentre,
                                       const std::string& signature);
 
+class SettingsStore;
+
+// A change of language that changes the product name moves the program to the settings file of
+// the new name: each kept key that file lacks is copied from the old one. Keys the new file
+// already holds stay (they were chosen under that name); nothing is removed from the old file.
+void CarrySettingsOver(SettingsStore& store, const std::string& fromApplication,
+                       const std::string& toApplication);
+
 }  // namespace parlane

@@ -16,6 +16,8 @@ struct BankString {
 
 // Bank 1, sorted by id.
 std::span<const BankString> Bank1Strings();
+// Banks 2 to 5, built from po/*.po, by bank-1 id and sorted by it; empty for another bank.
+std::span<const BankString> TranslatedBank(int bank);
 
 // The text of a full id (bank id + offset already added); nullopt when the bank has no such id.
 std::optional<std::string> FindBankString(int fullId);

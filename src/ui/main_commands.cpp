@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "config/frm_modem_info.h"
+#include "core/settings_keys.h"
 #include "core/string_ids.h"
 #include "exchange/frm_import.h"
 #include "ui/frm_main.h"
@@ -60,7 +61,13 @@ void frmMain::ChooseLanguage(MenuItem& item, int offset) {
     if (item.Checked) return;
     for (MenuItem* m : {&mnuEnglish, &mnuItalian, &mnuGerman, &mnuFrench}) m->Checked = false;
     item.Checked = true;
+    const std::string before = globals_.strings.ProductName();
     globals_.strings.LanguageOffset = static_cast<std::int16_t>(offset);
+    // The settings file is named by the bank in use; the choice is written to the new one,
+    // which is the one the next start reads.
+    const std::string after = globals_.strings.ProductName();
+    CarrySettingsOver(platform_.settingsStore, before, after);
+    settings_.setApplication(after);
     settings_.SaveSetting("Language", "Default", std::to_string(offset));
     LoadFormCaptions();
     // The standard-texts window loads its texts again in the new language.

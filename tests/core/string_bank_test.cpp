@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "core/string_ids.h"
@@ -57,11 +58,63 @@ TEST(Bank1, FixedIdsAndNamedIdsCarryTheirTexts) {
     for (const auto& [id, text] : cases) EXPECT_EQ(Text(id), text) << id;
 }
 
-TEST(Bank1, QueueStatusLinesContainTheWordsQueueByNameLooksFor) {
+int Accelerators(std::string_view text) {
+    int count = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '&') (i + 1 < text.size() && text[i + 1] == '&') ? void(++i) : void(++count);
+    return count;
+}
+
+std::string_view Ends(std::string_view text, bool front) {
+    std::size_t n = 0;
+    while (n < text.size() && text[front ? n : text.size() - 1 - n] == ' ') ++n;
+    return front ? text.substr(0, n) : text.substr(text.size() - n);
+}
+
+// Code joins texts with names and numbers, splits file filters at '|' and gives menus their
+// keys, so each translation must keep the English shape.
+TEST(Banks, EveryTranslationHasEveryIdInTheEnglishShape) {
+    for (int bank = 2; bank <= 5; ++bank) {
+        for (const BankString& english : Bank1Strings()) {
+            const auto text = FindBankString(english.id + (bank - 1) * 1000);
+            ASSERT_TRUE(text && !text->empty()) << "bank " << bank << " lacks " << english.id;
+            const auto bar = english.text.find('|');
+            SCOPED_TRACE(::testing::Message() << "bank " << bank << " id " << english.id);
+            EXPECT_EQ(Accelerators(*text), Accelerators(english.text));
+            EXPECT_LE(Accelerators(*text), 1);
+            EXPECT_EQ(Ends(*text, true), Ends(english.text, true));
+            EXPECT_EQ(Ends(*text, false), Ends(english.text, false));
+            if (bar != std::string_view::npos) {
+                EXPECT_EQ(text->substr(text->find('|')), english.text.substr(bar));
+            }
+        }
+        EXPECT_EQ(TranslatedBank(bank).size(), Bank1Strings().size());
+    }
+    EXPECT_FALSE(FindBankString(6000));
+    EXPECT_FALSE(FindBankString(999));
+}
+
+TEST(Banks, ProductNameAndTheLanguageNamesPerBank) {
+    const std::pair<int, const char*> cases[] = {
+        {1052, "Parlane"},     {2052, "Tonebridge"}, {3052, "Parlane"},
+        {4052, "Parlane"},     {5052, "Parlane"},    {2030, "&Dialing"},
+        {3014, "&Visualizza"}, {4014, "&Ansicht"},   {5000, "&Fichier"},
+    };
+    for (const auto& [id, text] : cases) EXPECT_EQ(Text(id), text) << id;
+    for (int bank = 1; bank <= 5; ++bank)
+        EXPECT_EQ(Text(sid::MenuGerman + (bank - 1) * 1000), "Deutsch") << bank;
+    // Catalogues are UTF-8; the banks hold Windows-1252 like bank 1.
+    EXPECT_EQ(Text(sid::LabelParity + 3000), "Parit\xE4t (N, E oder O)");
+    EXPECT_EQ(Text(sid::ButtonYes + 2000), "&S\xEC");
+}
+
+TEST(Banks, QueueStatusLinesContainTheWordsQueueByNameLooksFor) {
     // Queuing by name starts a run only when the status line holds string 1225.
-    const std::string inQueue = Text(sid::InQueue);
-    EXPECT_NE(Text(sid::MessageInQueue).find(inQueue), std::string::npos);
-    EXPECT_NE(Text(sid::MessagesInQueue).find(inQueue), std::string::npos);
+    for (int offset = 0; offset <= 4000; offset += 1000) {
+        const std::string inQueue = Text(sid::InQueue + offset);
+        EXPECT_NE(Text(sid::MessageInQueue + offset).find(inQueue), std::string::npos) << offset;
+        EXPECT_NE(Text(sid::MessagesInQueue + offset).find(inQueue), std::string::npos) << offset;
+    }
 }
 
 TEST(Bank1, AccentedTextIsWindows1252) {

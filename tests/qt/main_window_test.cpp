@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -107,6 +108,20 @@ TEST(MainWindowPanels, MenuTogglesGrowTheWindowByThePanels) {
     window.action("mnuViewQueue")->trigger();
     EXPECT_EQ(client->size(), small);
     EXPECT_FALSE(window.findChild<QWidget*>("fraGroup")->isVisible());
+}
+
+TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindow) {
+    TestPlatform p;
+    auto& form = p.load();
+    MainWindow window(form);
+    window.show();
+    window.action("mnuGerman")->trigger();
+    EXPECT_EQ(window.action("mnuFile")->text(), "&Datei");
+    EXPECT_EQ(window.action("mnuExit")->text(), "&Beenden");
+    EXPECT_TRUE(window.action("mnuGerman")->isChecked());
+    EXPECT_FALSE(window.action("mnuEnglish")->isChecked());
+    EXPECT_EQ(window.findChild<QGroupBox*>("fraLogo")->title(), QString("Zu sendende Nachricht:"));
+    EXPECT_EQ(window.findChild<QWidget*>("txtAreaCode")->toolTip(), QString("Ortsvorwahl"));
 }
 
 // One whole message on the real loop through the simulated modem: the menus follow the call.

@@ -1,9 +1,14 @@
 // The main window's own commands: menus and captions, languages, panels, help and disclaimer.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <string>
+#include <vector>
 
+#include "core/cp1252.h"
+#include "core/string_bank.h"
+#include "core/string_ids.h"
 #include "support/test_platform.h"
 #include "ui/main_menu.h"
 
@@ -37,7 +42,7 @@ TEST(MainMenu, EveryEntryHasACaptionAndAKnownParent) {
     EXPECT_FALSE(f.mnuFrench.Visible);
 }
 
-TEST(Language, ChoosingABankTicksItStoresItAndKeepsTheLanguageNames) {
+TEST(Language, ChoosingABankRecaptionsTheWindowAndStoresTheChoice) {
     TestPlatform p;
     auto& f = p.load();
     EXPECT_TRUE(f.mnuEnglish.Checked);
@@ -46,13 +51,64 @@ TEST(Language, ChoosingABankTicksItStoresItAndKeepsTheLanguageNames) {
     EXPECT_FALSE(f.mnuEnglish.Checked);
     EXPECT_EQ(p.settings.read("Parlane", "Language", "Default"), "3000");
     EXPECT_EQ(f.globals().strings.LanguageOffset, 3000);
-    // No German bank ships yet: the English texts stand in rather than blanks.
-    EXPECT_EQ(f.mnuFile.Caption, "&File");
+    EXPECT_EQ(f.mnuFile.Caption, "&Datei");
+    EXPECT_EQ(f.mnuExport.Caption, "Import und E&xport");
+    EXPECT_EQ(f.Captions["fraQueue"], "Warteschlange:");
+    EXPECT_EQ(f.ToolTips["picToolIcons_10"], "Zur Gruppenliste hinzuf\xFCgen");
+    EXPECT_EQ(f.ToolTips["txtAreaCode"], "Ortsvorwahl");
     EXPECT_EQ(f.Caption, "Parlane");
+    // Each language keeps its own name in every bank.
+    EXPECT_EQ(f.mnuItalian.Caption, "Italiano");
     // A second click on the ticked language changes nothing.
     p.settings.write("Parlane", "Language", "Default", "x");
     f.mnuGerman_Click();
     EXPECT_EQ(p.settings.read("Parlane", "Language", "Default"), "x");
+    f.mnuItalian_Click();
+    EXPECT_EQ(f.mnuFile.Caption, "&File");
+    EXPECT_EQ(f.mnuEdit.Caption, "&Modifica questo messaggio");
+    EXPECT_EQ(f.Captions["fraQueue"], "Coda messaggi:");
+}
+
+TEST(Language, LeavingTheBrandedBankMovesToTheSettingsFileOfTheNewName) {
+    TestPlatform p;
+    p.globals.strings.LanguageOffset = 1000;
+    p.settings.write("Tonebridge", "Settings", "MaxDial", "5");
+    p.settings.write("Tonebridge", "Settings", "Timeout", "45");
+    p.settings.write("Parlane", "Settings", "Timeout", "60");
+    auto& f = p.load();
+    EXPECT_EQ(f.Caption, "Tonebridge");
+    EXPECT_EQ(f.mnuSMSC.Caption, "Service &Centers");
+    f.mnuFrench_Click();
+    EXPECT_EQ(f.Caption, "Parlane");
+    EXPECT_EQ(p.settings.read("Parlane", "Language", "Default"), "4000");
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), "5");
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Timeout"), "60");
+    EXPECT_EQ(p.settings.read("Tonebridge", "Settings", "MaxDial"), "5");
+    f.mnuGroup_Click();
+    EXPECT_EQ(p.settings.read("Parlane", "Group", "View"), "1");
+    EXPECT_FALSE(p.settings.read("Tonebridge", "Group", "View"));
+}
+
+// A key letter used twice in one menu or dialogue reaches only the first control.
+TEST(Language, AcceleratorsAreUniqueWithinEachMenuAndDialogueInEveryBank) {
+    std::map<std::string, std::vector<int>> groups;
+    for (const auto& e : MainMenuTree())
+        if (e.id != 0) groups[e.parent].push_back(e.id);
+    groups["frmDirectoryAdd"] = {sid::ButtonSave, sid::ButtonCancel};
+    groups["frmImport"] = {sid::ButtonNext, sid::ButtonOpen, sid::ButtonImport, sid::ButtonCancel};
+    groups["message box"] = {sid::ButtonYes, sid::ButtonNo};
+    for (int offset = 0; offset <= 4000; offset += 1000) {
+        for (const auto& [group, ids] : groups) {
+            std::set<char> keys;
+            for (int id : ids) {
+                const std::string text = FindBankString(id + offset).value_or("");
+                const auto mark = text.find('&');
+                if (mark == std::string::npos || mark + 1 >= text.size()) continue;
+                EXPECT_TRUE(keys.insert(Cp1252Lower(text[mark + 1])).second)
+                    << "bank offset " << offset << ", " << group << ": " << text;
+            }
+        }
+    }
 }
 
 TEST(Panels, TogglesStoreTheirSettingAndResizeTheWindow) {
