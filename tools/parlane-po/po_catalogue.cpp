@@ -47,6 +47,8 @@ std::string Quote(std::string_view text) {
         if (c == '"' || c == '\\') out += '\\';
         if (c == '\n')
             out += "\\n";
+        else if (c == '\r')
+            out += "\\r";
         else if (c == '\t')
             out += "\\t";
         else
