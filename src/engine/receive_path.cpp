@@ -37,7 +37,7 @@ void frmMain::timCommEvent_Timer() {
     const int n = std::min<int>(platform_.serial.GetRxCharacters(RxBuffer),
                                 static_cast<int>(RxBuffer.size()));
     if (n <= 0) ShowStatus(LoadResString(sid::ErrorReceiving));
-    std::string text;
+    std::string text, echo;
     text.reserve(static_cast<std::size_t>(std::max(n, 0)));
     for (int i = 0; i < n; ++i) {
         const std::uint8_t b = RxBuffer[static_cast<std::size_t>(i)];
@@ -46,20 +46,19 @@ void frmMain::timCommEvent_Timer() {
             // A UCP call loses its control bytes here; the others keep them.
             if (state.UcpDialogue) continue;
             text += static_cast<char>(b);
-            FromServer += "<" + std::to_string(b) + ">";
+            echo += "<" + std::to_string(b) + ">";
         } else {
             text += static_cast<char>(b);
-            FromServer += static_cast<char>(b);
+            echo += static_cast<char>(b);
         }
     }
+    // Before the dialogue answers, so that its dots come after what it answers.
+    DebugForm.Received(echo);
     if (state.UcpDialogue)
         HandleUcpText(text);
     else
         HandleCenterText(text);
-    if (FromServer.size() > 30000) {
-        FromServer.clear();
-        ToServer.clear();
-    }
+    DebugForm.BoundLinePanes();
     timCommEvent.setInterval(1);
 }
 
@@ -68,8 +67,7 @@ void frmMain::SendText(const std::string& text) {
         platform_.serial.TxChars(text);
     else
         platform_.serial.TxCharacters(text);
-    ToServer += text;
-    FromServer.append(text.size(), '.');
+    DebugForm.Sent(text);
     ResponseSeconds = 0;
     ShowStatus(LoadResString(sid::WaitingForAcknowledgement));
 }

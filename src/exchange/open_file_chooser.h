@@ -1,5 +1,6 @@
 #pragma once
-// The platform's file-open dialogue, where the import picks its CSV file.
+// The platform's file dialogues: open, where the import picks its CSV file, and save, where the
+// debug view writes its file.
 
 #include <filesystem>
 #include <optional>
@@ -15,6 +16,15 @@ class OpenFileChooser {
     virtual std::optional<std::filesystem::path> chooseOpenFile(
         const std::string& title, const std::filesystem::path& startFolder,
         const std::string& defaultName, const std::string& filter) = 0;
+    // The file to write; nullopt when the user cancelled, as a chooser without a save dialogue
+    // answers. A name typed without an extension gets `defaultExtension` ("txt"). It asks
+    // nothing about a file that exists: the caller does.
+    virtual std::optional<std::filesystem::path> chooseSaveFile(
+        const std::string& /*title*/, const std::filesystem::path& /*startFolder*/,
+        const std::string& /*defaultName*/, const std::string& /*defaultExtension*/,
+        const std::string& /*filter*/) {
+        return std::nullopt;
+    }
 };
 
 }  // namespace parlane

@@ -11,6 +11,7 @@ void DebugLog::AppendLog(const std::string& message) {
     char number[32];
     std::snprintf(number, sizeof number, "%03lld", static_cast<long long>(lineNumber_));
     text_ = std::string(number) + ": " + message + "\r\n" + text_;
+    if (changed) changed();
 }
 
 }  // namespace parlane

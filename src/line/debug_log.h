@@ -2,6 +2,7 @@
 // The telephony debug log: numbered lines, newest first, trimmed to about 5000 characters.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 namespace parlane {
@@ -11,6 +12,8 @@ class DebugLog {
     void AppendLog(const std::string& message);
     const std::string& text() const { return text_; }
     std::int64_t lineNumber() const { return lineNumber_; }
+    // The view showing the log, told after each line.
+    std::function<void()> changed;
 
   private:
     std::string text_;

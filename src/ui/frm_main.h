@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/frm_debug.h"
 #include "core/dialogue_host.h"
 #include "core/event_loop.h"
 #include "core/regional_formats.h"
@@ -324,8 +325,6 @@ class frmMain {
     std::int32_t CommEventCode = 0;
     std::int32_t ResponseSeconds = 0;
     std::int16_t NoResponseAnswer = 0;
-    // The two line panes of the debug view.
-    std::string ToServer, FromServer;
     // frmNoResponse: the prompt that asks whether to go on waiting for the centre.
     struct NoResponsePrompt {
         bool Visible = false;
@@ -334,6 +333,8 @@ class frmMain {
     } frmNoResponse;
     DebugLog debugLog;
     TAPISubs tapi;
+    // The debug view, loaded with this window so that it sees everything from the start.
+    frmDebug DebugForm{*this};
 
     // ----- Timers -----
     Timer timSendMessages, timCheckSingleMessageSent, timSafetyTimer, timCommEvent, timResponse,

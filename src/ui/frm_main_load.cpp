@@ -133,6 +133,7 @@ void frmMain::Form_Load() {
 
     // Step 20.
     LoadFormCaptions();
+    DebugForm.LoadFormCaptions();
 
     // Step 21.
     FirstRunModemCheck();

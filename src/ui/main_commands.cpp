@@ -70,6 +70,7 @@ void frmMain::ChooseLanguage(MenuItem& item, int offset) {
     settings_.setApplication(after);
     settings_.SaveSetting("Language", "Default", std::to_string(offset));
     LoadFormCaptions();
+    DebugForm.LoadFormCaptions();
     // The standard-texts window loads its texts again in the new language.
     if (mnuTools.Checked) ShowForm("frmToolWindow");
     MenuRefresh();

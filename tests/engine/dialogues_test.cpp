@@ -97,8 +97,8 @@ TEST_F(CallFixture, TapOneMessageByteForByte) {
     EXPECT_TRUE(p.saw("Logging On  "));
     EXPECT_TRUE(p.saw("Sending Message #1  "));
     EXPECT_EQ(UpperBound(f->SendBuffer), 0);
-    EXPECT_NE(f->FromServer.find("ID="), std::string::npos);
-    EXPECT_NE(f->FromServer.find("<6><13>"),
+    EXPECT_NE(f->DebugForm.FromServer.Text().find("ID="), std::string::npos);
+    EXPECT_NE(f->DebugForm.FromServer.Text().find("<6><13>"),
               std::string::npos);  // ACK CR as the debug pane shows it
 }
 
@@ -281,7 +281,7 @@ TEST_F(CallFixture, ChunksOverAThousandBytesAreReadInTurns) {
     p.line.receive(burst);
     p.loop.advance(Milliseconds(100));
     EXPECT_NE(p.line.written.find("PG1"), std::string::npos);
-    EXPECT_EQ(f->FromServer.size() >= 1503u, true);
+    EXPECT_EQ(f->DebugForm.FromServer.Text().size() >= 1503u, true);
 }
 
 }  // namespace

@@ -47,7 +47,8 @@ inline std::string ReadBytes(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-// Answers `file`; keeps what it was asked as "title|start|default|filter".
+// Answers `file` to either dialogue; keeps what it was asked as "title|start|default|filter"
+// ("title|start|default|extension|filter" for a save).
 class PickedFile : public OpenFileChooser {
   public:
     std::optional<std::filesystem::path> chooseOpenFile(const std::string& title,
@@ -55,6 +56,14 @@ class PickedFile : public OpenFileChooser {
                                                         const std::string& defaultName,
                                                         const std::string& filter) override {
         asked = title + "|" + start.string() + "|" + defaultName + "|" + filter;
+        return file;
+    }
+    std::optional<std::filesystem::path> chooseSaveFile(const std::string& title,
+                                                        const std::filesystem::path& start,
+                                                        const std::string& defaultName,
+                                                        const std::string& extension,
+                                                        const std::string& filter) override {
+        asked = title + "|" + start.string() + "|" + defaultName + "|" + extension + "|" + filter;
         return file;
     }
     std::optional<std::filesystem::path> file;
