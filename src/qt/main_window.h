@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "qt/dialogs/debug_window.h"
 #include "qt/dialogs/tool_window.h"
 #include "qt/qt_file_choosers.h"
 #include "qt/toolbar_widget.h"
@@ -88,6 +89,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QMap<QString, QMenu*> menus_;
     ToolbarWidget* toolbar_ = nullptr;
     QPointer<ToolWindow> toolWindow_;
+    QPointer<DebugWindow> debugWindow_;
     QtOpenFileChooser fileChooser_;
     MainLayout shownLayout_;
     std::map<QWidget*, std::vector<std::string>> shownRows_;

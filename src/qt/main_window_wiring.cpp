@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProcess>
 #include <QUrl>
 #include <QWhatsThis>
 
@@ -11,6 +12,7 @@
 #include "qt/artwork.h"
 #include "qt/dialogs/archive_windows.h"
 #include "qt/dialogs/centre_dialog.h"
+#include "qt/dialogs/debug_window.h"
 #include "qt/dialogs/directory_dialogs.h"
 #include "qt/dialogs/exchange_dialogs.h"
 #include "qt/dialogs/line_option_dialogs.h"
@@ -145,7 +147,7 @@ void MainWindow::showToolWindow(bool show) {
     toolWindow_->show();
 }
 
-// The windows the model asks for by name. Those this version has no view for say so.
+// The windows the model asks for by name.
 void MainWindow::showForm(const std::string& form) {
     if (form == "frmToolWindow") {
         if (isVisible()) showToolWindow(true);
@@ -171,8 +173,10 @@ void MainWindow::showForm(const std::string& form) {
         if (form_.SMSCEditForm) ShowCentreEditDialog(this, *form_.SMSCEditForm);
     } else if (form == "frmFirstCentre") {
         if (form_.FirstCentreForm) ShowFirstCentreDialog(this, *form_.FirstCentreForm);
-    } else {
-        form_.ShowMessageBox(form_.LoadResString(sid::WindowNotAvailable), MbInformation);
+    } else if (form == "frmDebug") {
+        // Made once and kept: it follows the line panes from then on, shown or hidden.
+        if (!debugWindow_) debugWindow_ = new DebugWindow(this, form_.DebugForm);
+        form_.DebugForm.Show();
     }
 }
 
@@ -189,6 +193,9 @@ void MainWindow::wireHooks() {
     };
     form_.showDirectoryAdd = [this](frmDirectoryAdd& d) { ShowDirectoryAddDialog(this, d); };
     form_.showGroupAdd = [this](frmGroupAdd& d) { ShowGroupAddDialog(this, d); };
+    form_.DebugForm.startProgram = [](const std::filesystem::path& program) {
+        return QProcess::startDetached(PathToQt(program), {});
+    };
     form_.showModemDialog = [this](frmModem& m) { ShowModemDialog(this, m); };
     form_.enterWhatsThis = [] { QWhatsThis::enterWhatsThisMode(); };
     form_.openDocument = [this](const std::string& target, std::string& error) {

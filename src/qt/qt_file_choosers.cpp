@@ -53,6 +53,21 @@ std::optional<std::filesystem::path> QtOpenFileChooser::chooseOpenFile(
         QFileDialog::getOpenFileName(owner_, ToQt(title), PathToQt(start), QtFileFilter(filter)));
 }
 
+std::optional<std::filesystem::path> QtOpenFileChooser::chooseSaveFile(
+    const std::string& title, const std::filesystem::path& startFolder,
+    const std::string& defaultName, const std::string& defaultExtension,
+    const std::string& filter) {
+    if (NoScreen()) return std::nullopt;
+    QFileDialog dialog(owner_, ToQt(title), PathToQt(startFolder), QtFileFilter(filter));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(ToQt(defaultExtension));
+    // The caller asks its own question about a file that is there.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.selectFile(ToQt(defaultName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+    return Chosen(dialog.selectedFiles().first());
+}
+
 std::optional<std::filesystem::path> QtFolderChooser::chooseFolder(
     const std::string& title, const std::filesystem::path& start) {
     if (NoScreen()) return std::nullopt;

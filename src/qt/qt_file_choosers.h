@@ -1,6 +1,6 @@
 #pragma once
-// The file-open and folder pickers as Qt's file dialogues. With no screen to show them on they
-// answer as a user who cancelled, as QtDialogueHost does for its boxes.
+// The file-open, file-save and folder pickers as Qt's file dialogues. With no screen to show them
+// on they answer as a user who cancelled, as QtDialogueHost does for its boxes.
 
 #include <QString>
 #include <QWidget>
@@ -24,6 +24,11 @@ class QtOpenFileChooser : public OpenFileChooser {
     std::optional<std::filesystem::path> chooseOpenFile(const std::string& title,
                                                         const std::filesystem::path& startFolder,
                                                         const std::string& defaultName,
+                                                        const std::string& filter) override;
+    std::optional<std::filesystem::path> chooseSaveFile(const std::string& title,
+                                                        const std::filesystem::path& startFolder,
+                                                        const std::string& defaultName,
+                                                        const std::string& defaultExtension,
                                                         const std::string& filter) override;
 
   private:

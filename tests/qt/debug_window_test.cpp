@@ -1,0 +1,65 @@
+// The debug view from the main window's command, on the offscreen platform.
+#include "qt/dialogs/debug_window.h"
+
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QToolButton>
+
+#include "qt/main_window.h"
+#include "support/test_platform.h"
+
+namespace parlane {
+namespace {
+
+using testing::MakeProvider;
+using testing::TestPlatform;
+
+TEST(DebugWindow, OpensFromTheCommandAndFollowsThePanesAtTheirCaret) {
+    TestPlatform p;
+    p.writeProviders({MakeProvider("Alpha")});
+    auto& form = p.load();
+    form.DebugForm.Sent(
+        "\x02"
+        "ID\r");  // before the window exists
+    MainWindow window(form);
+    window.show();
+    window.action("mnuDebug2")->trigger();
+    auto* debug = window.findChild<DebugWindow*>("frmDebug");
+    ASSERT_TRUE(debug);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(debug));
+    EXPECT_TRUE(p.dialogues.shown.empty());  // no "not available" box
+    EXPECT_EQ(debug->windowTitle(), "Monitor SMSC");
+    EXPECT_EQ(debug->findChild<QLabel*>("lblFromServer")->text(), "Data Received");
+    EXPECT_EQ(debug->findChild<QToolButton*>("cmdSave")->toolTip(), "Save To File");
+    auto* sent = debug->findChild<QPlainTextEdit*>("ToServer");
+    auto* received = debug->findChild<QPlainTextEdit*>("FromServer");
+    auto* log = debug->findChild<QPlainTextEdit*>("Text1");
+    ASSERT_TRUE(sent && received && log);
+    EXPECT_EQ(sent->toPlainText(), QString::fromUtf8("\u2402ID\u240d"));
+    EXPECT_FALSE(log->toPlainText().isEmpty());
+
+    form.DebugForm.Received("ID=<13>");
+    EXPECT_EQ(received->toPlainText(), "....ID=<13>");
+    // The user's caret is where the next text goes, in the model as in the pane.
+    QTextCursor caret = received->textCursor();
+    caret.setPosition(4);
+    received->setTextCursor(caret);
+    form.DebugForm.Sent("PG1");
+    EXPECT_EQ(form.DebugForm.FromServer.Text(), ".......ID=<13>");
+    EXPECT_EQ(received->toPlainText(), LinePaneText(form.DebugForm.FromServer.Text()));
+
+    // Exit empties the line panes and hides; the command shows the same window again.
+    debug->findChild<QToolButton*>("cmdExit")->click();
+    EXPECT_FALSE(debug->isVisible());
+    EXPECT_TRUE(received->toPlainText().isEmpty() && sent->toPlainText().isEmpty());
+    window.action("mnuDebug2")->trigger();
+    EXPECT_TRUE(debug->isVisible());
+    EXPECT_EQ(window.findChildren<DebugWindow*>().size(), 1);
+}
+
+}  // namespace
+}  // namespace parlane
