@@ -299,6 +299,15 @@ int Run(int argc, char** argv) {
     if (WaitFor([&form] { return form.state.CallActive; }, 30000)) {
         Settle(1500);
         Save(window, "main-window-call");
+        // The debug view while the centre answers: both line panes have something to show.
+        form.mnuDebug2_Click();
+        const auto& received = form.DebugForm.FromServer;
+        WaitFor([&] { return received.Text().find("<6>") != received.Text().rfind("<6>"); }, 20000);
+        Settle(500);
+        if (auto* debug = window.findChild<QWidget*>("frmDebug"))
+            Save(*debug, "frmDebug");
+        else
+            ++failures;
     } else {
         std::fputs("parlane-shots: the call did not come up\n", stderr);
         ++failures;

@@ -1,11 +1,13 @@
 #include "qt/dialogs/debug_window.h"
 
+#include <QColor>
 #include <QFontDatabase>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QStyle>
+#include <QTextCharFormat>
 #include <QTextCursor>
 #include <QToolButton>
 
@@ -26,6 +28,28 @@ QString LinePaneText(const std::string& bytes) {
     }
     return text;
 }
+
+namespace {
+
+bool IsControlPicture(QChar c) {
+    return c.unicode() >= 0x2400 && c.unicode() <= 0x2421;
+}
+
+// Inserts at the cursor, the control pictures marked out: in a small font they read as boxes.
+void InsertMarked(QTextCursor& cursor, const QString& text) {
+    QTextCharFormat plain, marked;
+    marked.setForeground(QColor(0x9c, 0x1c, 0x1c));
+    marked.setBackground(QColor(0xff, 0xec, 0xb3));
+    for (qsizetype start = 0; start < text.size();) {
+        const bool control = IsControlPicture(text[start]);
+        qsizetype end = start + 1;
+        while (end < text.size() && IsControlPicture(text[end]) == control) ++end;
+        cursor.insertText(text.mid(start, end - start), control ? marked : plain);
+        start = end;
+    }
+}
+
+}  // namespace
 
 DebugWindow::DebugWindow(QWidget* owner, frmDebug& model) : QDialog(owner), model_(model) {
     setObjectName("frmDebug");
@@ -71,8 +95,8 @@ DebugWindow::DebugWindow(QWidget* owner, frmDebug& model) : QDialog(owner), mode
     // What the panes hold already, then every insert as it comes.
     for (auto [box, pane] :
          {std::pair{&model_.ToServer, ToServer_}, {&model_.FromServer, FromServer_}}) {
-        pane->setPlainText(LinePaneText(box->Text()));
         QTextCursor caret = pane->textCursor();
+        InsertMarked(caret, LinePaneText(box->Text()));
         caret.setPosition(static_cast<int>(box->SelStart()));
         pane->setTextCursor(caret);
         follow(*box, pane);
@@ -111,7 +135,7 @@ void DebugWindow::follow(CaretTextBox& box, QPlainTextEdit* pane) {
         mirroring_ = true;
         QTextCursor caret = pane->textCursor();
         caret.setPosition(static_cast<int>(at));
-        caret.insertText(LinePaneText(text));
+        InsertMarked(caret, LinePaneText(text));
         pane->setTextCursor(caret);
         mirroring_ = false;
     };
