@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTextBlock>
 #include <QToolButton>
 
 #include "qt/main_window.h"
@@ -50,7 +51,22 @@ TEST(DebugWindow, OpensFromTheCommandAndFollowsThePanesAtTheirCaret) {
     received->setTextCursor(caret);
     form.DebugForm.Sent("PG1");
     EXPECT_EQ(form.DebugForm.FromServer.Text(), ".......ID=<13>");
-    EXPECT_EQ(received->toPlainText(), LinePaneText(form.DebugForm.FromServer.Text()));
+    // Over many rows, and inserting in the middle of one: the rows hold the box's text.
+    const auto shown = [](QPlainTextEdit* pane) { return pane->toPlainText().remove('\n'); };
+    for (int i = 0; i < 40; ++i) form.DebugForm.Received("<6>ID=<13>");
+    caret = received->textCursor();
+    caret.setPosition(received->document()->findBlockByNumber(2).position() + 1);
+    received->setTextCursor(caret);
+    const std::size_t at = form.DebugForm.FromServer.SelStart();
+    EXPECT_EQ(static_cast<int>(at), caret.position() - 2);  // less the two row ends before it
+    const std::string after = form.DebugForm.FromServer.Text().substr(at, 1);
+    form.DebugForm.Sent(
+        "\x1b"
+        "PG1\r");
+    EXPECT_GT(received->blockCount(), 3);
+    EXPECT_EQ(shown(received), LinePaneText(form.DebugForm.FromServer.Text()));
+    EXPECT_EQ(shown(sent), LinePaneText(form.DebugForm.ToServer.Text()));
+    EXPECT_EQ(form.DebugForm.FromServer.Text().substr(at, 6), "....." + after);
 
     // Exit empties the line panes and hides; the command shows the same window again.
     debug->findChild<QToolButton*>("cmdExit")->click();

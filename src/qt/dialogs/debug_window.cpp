@@ -2,14 +2,18 @@
 
 #include <QColor>
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
 #include <QStyle>
+#include <QTextBlock>
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QToolButton>
+#include <algorithm>
 
 #include "automation/frm_debug.h"
 #include "qt/artwork.h"
@@ -51,16 +55,87 @@ void InsertMarked(QTextCursor& cursor, const QString& text) {
 
 }  // namespace
 
+// A line pane shows its box in rows of one width, each row a paragraph of its own: an insert at
+// the end lays out one row, where one long wrapped paragraph would be laid out whole each time.
+// Both panes have the same width, so a row of one stands beside the same row of the other.
+class LinePane : public QPlainTextEdit {
+  public:
+    LinePane(QWidget* parent, CaretTextBox& box) : QPlainTextEdit(parent), box_(box) {
+        setLineWrapMode(QPlainTextEdit::NoWrap);
+        // Always there, so that the rows keep their width as the text grows.
+        setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        box_.inserted = [this](std::size_t at, const std::string&) {
+            showFrom(static_cast<int>(at / static_cast<std::size_t>(columns_)));
+        };
+        box_.cleared = [this] {
+            const QSignalBlocker quiet(this);
+            clear();
+        };
+        // A click or a key moves the caret, and with it the place of the next insert.
+        connect(this, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+            const QTextCursor caret = textCursor();
+            box_.SetSelStart(static_cast<std::size_t>(caret.blockNumber()) *
+                                 static_cast<std::size_t>(columns_) +
+                             static_cast<std::size_t>(caret.positionInBlock()));
+        });
+        showFrom(0);  // what the box holds already
+    }
+    ~LinePane() override {
+        box_.inserted = nullptr;
+        box_.cleared = nullptr;
+    }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QPlainTextEdit::resizeEvent(event);
+        // Fixed-pitch, so every character is as wide as a dot; the margins and the caret aside.
+        const qreal room = viewport()->width() - 2 * document()->documentMargin() - cursorWidth();
+        const int columns = std::max(
+            8, static_cast<int>(room /
+                                std::max<qreal>(1, QFontMetricsF(font()).horizontalAdvance('.'))));
+        if (columns == columns_) return;
+        columns_ = columns;
+        showFrom(0);
+    }
+
+  private:
+    // Shows the box's text from row `row` on again, and puts the caret where the box has it.
+    void showFrom(int row) {
+        const QSignalBlocker quiet(this);
+        QTextCursor cursor(document());
+        const QTextBlock block = document()->findBlockByNumber(row);
+        const bool newRow = !block.isValid();
+        if (newRow) {
+            cursor.movePosition(QTextCursor::End);
+        } else {
+            cursor.setPosition(block.position());
+            cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+            cursor.removeSelectedText();
+        }
+        const std::size_t from = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns_);
+        const QString rest = LinePaneText(box_.Text().substr(std::min(from, box_.Text().size())));
+        for (qsizetype i = 0; i < rest.size(); i += columns_) {
+            if (i > 0 || newRow) cursor.insertBlock();
+            InsertMarked(cursor, rest.mid(i, columns_));
+        }
+        const auto caret = static_cast<int>(box_.SelStart());
+        const QTextBlock caretRow = document()->findBlockByNumber(caret / columns_);
+        cursor.setPosition(caretRow.isValid() ? caretRow.position() + caret % columns_
+                                              : document()->characterCount() - 1);
+        setTextCursor(cursor);
+    }
+
+    CaretTextBox& box_;
+    int columns_ = 40;
+};
+
 DebugWindow::DebugWindow(QWidget* owner, frmDebug& model) : QDialog(owner), model_(model) {
     setObjectName("frmDebug");
     setModal(false);
     auto* grid = new QGridLayout(this);
     Text1_ = addPane("Text1", lblText1_);
-    ToServer_ = addPane("ToServer", lblToServer_);
-    FromServer_ = addPane("FromServer", lblFromServer_);
-    // Equal widths, and a wrap after any character, give both line panes the same rows.
-    for (QPlainTextEdit* pane : {ToServer_, FromServer_})
-        pane->setWordWrapMode(QTextOption::WrapAnywhere);
+    ToServer_ = addPane("ToServer", lblToServer_, &model_.ToServer);
+    FromServer_ = addPane("FromServer", lblFromServer_, &model_.FromServer);
     grid->addWidget(lblText1_, 0, 0, 1, 2);
     grid->addWidget(Text1_, 1, 0, 1, 2);
     grid->addWidget(lblToServer_, 2, 0);
@@ -92,15 +167,6 @@ DebugWindow::DebugWindow(QWidget* owner, frmDebug& model) : QDialog(owner), mode
     grid->addLayout(buttons, 4, 0, 1, 2);
     resize(760, 560);
 
-    // What the panes hold already, then every insert as it comes.
-    for (auto [box, pane] :
-         {std::pair{&model_.ToServer, ToServer_}, {&model_.FromServer, FromServer_}}) {
-        QTextCursor caret = pane->textCursor();
-        InsertMarked(caret, LinePaneText(box->Text()));
-        caret.setPosition(static_cast<int>(box->SelStart()));
-        pane->setTextCursor(caret);
-        follow(*box, pane);
-    }
     model_.changed = [this] { mirror(); };
     model_.logChanged = [this] {
         if (isVisible()) showLog();
@@ -111,14 +177,10 @@ DebugWindow::DebugWindow(QWidget* owner, frmDebug& model) : QDialog(owner), mode
 DebugWindow::~DebugWindow() {
     model_.changed = nullptr;
     model_.logChanged = nullptr;
-    for (CaretTextBox* box : {&model_.ToServer, &model_.FromServer}) {
-        box->inserted = nullptr;
-        box->cleared = nullptr;
-    }
 }
 
-QPlainTextEdit* DebugWindow::addPane(const char* name, QLabel*& caption) {
-    auto* pane = new QPlainTextEdit(this);
+QPlainTextEdit* DebugWindow::addPane(const char* name, QLabel*& caption, CaretTextBox* box) {
+    auto* pane = box ? new LinePane(this, *box) : new QPlainTextEdit(this);
     pane->setObjectName(name);
     pane->setReadOnly(true);
     // The caret shows: in the line panes it is where the next text goes in.
@@ -128,26 +190,6 @@ QPlainTextEdit* DebugWindow::addPane(const char* name, QLabel*& caption) {
     caption->setObjectName(QString("lbl") + name);
     caption->setBuddy(pane);
     return pane;
-}
-
-void DebugWindow::follow(CaretTextBox& box, QPlainTextEdit* pane) {
-    box.inserted = [this, pane](std::size_t at, const std::string& text) {
-        mirroring_ = true;
-        QTextCursor caret = pane->textCursor();
-        caret.setPosition(static_cast<int>(at));
-        InsertMarked(caret, LinePaneText(text));
-        pane->setTextCursor(caret);
-        mirroring_ = false;
-    };
-    box.cleared = [this, pane] {
-        mirroring_ = true;
-        pane->clear();
-        mirroring_ = false;
-    };
-    // A click or a key moves the caret, and with it the place of the next insert.
-    connect(pane, &QPlainTextEdit::cursorPositionChanged, this, [this, pane, &box] {
-        if (!mirroring_) box.SetSelStart(static_cast<std::size_t>(pane->textCursor().position()));
-    });
 }
 
 void DebugWindow::showLog() {

@@ -33,12 +33,11 @@ class DebugWindow : public QDialog {
     void reject() override;
 
   private:
-    QPlainTextEdit* addPane(const char* name, QLabel*& caption);
-    void follow(CaretTextBox& box, QPlainTextEdit* pane);
+    // A line pane when `box` is given, else the log's pane.
+    QPlainTextEdit* addPane(const char* name, QLabel*& caption, CaretTextBox* box = nullptr);
     void showLog();
 
     frmDebug& model_;
-    bool mirroring_ = false;
     QPlainTextEdit *Text1_ = nullptr, *ToServer_ = nullptr, *FromServer_ = nullptr;
     QLabel *lblText1_ = nullptr, *lblToServer_ = nullptr, *lblFromServer_ = nullptr;
     QToolButton *cmdExit_ = nullptr, *cmdSave_ = nullptr, *cmdSystem_ = nullptr;
