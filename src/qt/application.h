@@ -13,7 +13,7 @@ struct ProgramOptions {
     bool demo = false;
     bool printStatus = false;
     bool sendAndExit = false;  // queue the name's message, send, end with a status that says how
-    std::string screenshot;         // save a picture of the main window there, then end
+    std::string screenshot;    // save a picture of the main window there, then end
     std::vector<std::string> rest;  // name and message, for the command-line start
     std::string error;
 };
