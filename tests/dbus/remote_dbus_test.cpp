@@ -26,6 +26,7 @@
 #include "store/message_queue.h"
 #include "store/provider.h"
 #include "support/temp_files.h"
+#include "support/test_platform.h"
 
 namespace parlane {
 namespace {
@@ -85,15 +86,9 @@ QString Interface(QString xml) {
 TEST(RemoteOnTheBus, ColdStartSixMethodsSharedPanelAndWrongCalls) {
     testing::TempFolder folder;
     const auto home = folder.path();
-    Provider centre;
-    centre.ProviderName = "Sim TAP";
-    centre.TapiDevice = "0";
-    centre.CountryCode = "44";
+    auto centre = testing::MakeProvider("Sim TAP");
     centre.AreaCode = "0800";
-    centre.Number = "100100";
-    centre.MaxChars = "160";
-    centre.MultiMessage = 1;
-    centre.MaxMessages = "3";
+    centre.Number = "100100";  // a simulated TAP centre that takes everything
     std::string error;
     WriteFileAtomically(home / "smsc.dat", SerializeProviderFile({centre}, error));
     WriteFileAtomically(home / "phones.dat",
