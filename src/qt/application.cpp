@@ -21,7 +21,7 @@
 #include "core/program.h"
 #include "core/string_ids.h"
 #include "line/device_list.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "qt/artwork.h"
 #include "qt/close_signals.h"
 #include "qt/dialogs/line_option_dialogs.h"
