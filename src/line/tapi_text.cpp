@@ -188,12 +188,12 @@ std::string CallStateText(std::uint32_t state) {
 
 std::string DisconnectModeText(std::uint32_t mode) {
     static constexpr std::array<const char*, 12> kModes = {
-        "NORMAL", "UNKNOWN", "REJECT", "PICKUP", "FORWARDED", "BUSY", "NOANSWER",
-        "BADADDRESS", "UNREACHABLE", "CONGESTION", "INCOMPATIBLE", "UNAVAIL"};
+        "NORMAL",   "UNKNOWN",    "REJECT",      "PICKUP",     "FORWARDED",    "BUSY",
+        "NOANSWER", "BADADDRESS", "UNREACHABLE", "CONGESTION", "INCOMPATIBLE", "UNAVAIL"};
     for (std::size_t bit = 0; bit < kModes.size(); ++bit)
         if (mode == (1u << bit))
-            return std::string("LINEDISCONNECTMODE_") + kModes[bit] + " [" +
-                   std::to_string(mode) + "]";
+            return std::string("LINEDISCONNECTMODE_") + kModes[bit] + " [" + std::to_string(mode) +
+                   "]";
     return "Unknown Disconnect Mode";
 }
 
