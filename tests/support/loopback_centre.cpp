@@ -128,7 +128,7 @@ void LoopbackCentre::serve(int fd) {
     closeClient(false);  // one call at a time, as on a telephone line
     ++connections_;
     if (tls_) {
-        gnutls_init(&tls_->session, GNUTLS_SERVER);
+        gnutls_init(&tls_->session, GNUTLS_SERVER | GNUTLS_NO_SIGNAL);
         gnutls_set_default_priority(tls_->session);
         gnutls_credentials_set(tls_->session, GNUTLS_CRD_CERTIFICATE, tls_->credentials);
         gnutls_transport_set_int(tls_->session, fd);
