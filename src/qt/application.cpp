@@ -186,11 +186,15 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     // The modem, location and ports dialogs of the telephony calls; they save into the settings.
     QtDeviceDialogs deviceDialogs(dialogues, globals.strings);
     devices.setDeviceDialogs(&deviceDialogs, &programSettings);
+    // A carrier's own certificate authority, trusted besides the system's.
+    if (const char* trust = std::getenv("PARLANE_TLS_TRUST_FILE"))
+        devices.tcp().setExtraTrustFile(trust);
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
     if (QGuiApplication::platformName() != "offscreen")
         form.showModemDialog = [](frmModem& dialog) { ShowModemDialog(nullptr, dialog); };
+    devices.tcp().onNote = [&form](const std::string& text) { form.debugLog.AppendLog(text); };
     form.Form_Load();
     MainWindow window(form);
     dialogues.setOwner(&window);
