@@ -2,9 +2,9 @@
 # Installs the Debian packages the build and the tests need, if any are missing.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgtest-dev libgmock-dev
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgtest-dev libgmock-dev dbus-daemon
           libbenchmark-dev nlohmann-json3-dev qt6-svg-dev ccache poppler-utils
-          gettext)
+          gettext libgnutls28-dev)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

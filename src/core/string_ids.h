@@ -416,6 +416,15 @@ inline constexpr int ModemDefaultsNote = 1087;
 inline constexpr int LabelFraming = 1346;
 inline constexpr int Framing8N1 = 1347;
 inline constexpr int Framing7E1 = 1348;
+// The internet line's settings dialog: title, labels and the on/off choices of its two lists.
+inline constexpr int TitleTcpSettings = 1400;
+inline constexpr int LabelTcpHost = 1401;
+inline constexpr int LabelTcpPort = 1402;
+inline constexpr int LabelConnectTimeout = 1403;
+inline constexpr int LabelUseTls = 1404;
+inline constexpr int LabelCheckCertificate = 1405;
+inline constexpr int ChoiceOn = 1406;
+inline constexpr int ChoiceOff = 1407;
 
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;

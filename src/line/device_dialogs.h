@@ -1,15 +1,17 @@
 #pragma once
-// The dialogs a modem provider shows: its settings (lineConfigDialogEdit), the dialling location
-// (lineTranslateDialog) and the serial ports (lineConfigProvider). Each edits a form model and
+// The dialogs a line provider shows: a modem's or an internet line's settings
+// (lineConfigDialogEdit), the dialling location (lineTranslateDialog) and the serial ports
+// (lineConfigProvider). Each edits a form model and
 // returns true on OK, after the form's own Check has passed; false is cancel.
 
 #include <cstdint>
 #include <vector>
 
 #include "core/settings_store.h"
-#include "line/location_form.h"
-#include "line/modem_settings_form.h"
-#include "line/ports_form.h"
+#include "line/at/location_form.h"
+#include "line/at/modem_settings_form.h"
+#include "line/at/ports_form.h"
+#include "line/tcp/tcp_settings_form.h"
 
 namespace parlane {
 
@@ -19,6 +21,7 @@ class DeviceDialogs {
     virtual bool EditModemSettings(ModemSettingsForm& form) = 0;
     virtual bool EditDiallingLocation(LocationForm& form) = 0;
     virtual bool EditSerialPorts(PortsForm& form) = 0;
+    virtual bool EditTcpSettings(TcpSettingsForm& form) = 0;
 };
 
 // No screen to show a dialog on: every dialog is cancelled.
@@ -27,6 +30,7 @@ class NoDeviceDialogs : public DeviceDialogs {
     bool EditModemSettings(ModemSettingsForm&) override { return false; }
     bool EditDiallingLocation(LocationForm&) override { return false; }
     bool EditSerialPorts(PortsForm&) override { return false; }
+    bool EditTcpSettings(TcpSettingsForm&) override { return false; }
 };
 
 // lineConfigDialogEdit for a modem whose settings are `current`: a block that is not one of

@@ -58,10 +58,12 @@ std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir) {
 DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
                        const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected)
     : simulated_(simulated),
+      tcp_(loop),
       portsSetting_(portsSetting),
       detected_(std::move(detected)),
       location_(modemDefaults.location) {
     devices_.push_back({&simulated, &simulated, nullptr});
+    devices_.push_back({&tcp_, &tcp_, nullptr});
     std::set<std::string> listed;
     const auto add = [&](const std::string& path, const std::string& name) {
         AtModemOptions options = modemDefaults;
@@ -88,6 +90,7 @@ void DeviceList::setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings) {
     dialogs_ = dialogs;
     settings_ = settings;
     simulated_.setDeviceDialogs(dialogs, settings);
+    tcp_.setDeviceDialogs(dialogs);
     for (auto& d : devices_)
         if (d.owned) d.owned->setDeviceDialogs(dialogs, settings);
 }

@@ -1,7 +1,8 @@
 #pragma once
-// The devices the program can dial on: device 0 is the simulated modem, then the serial ports
-// named in the settings (Modem/Ports, separated by ";", each listed under its path as written),
-// then the ports found on the machine. Nothing is opened or probed until a line is opened.
+// The devices the program can dial on: device 0 is the simulated modem, device 1 the internet
+// line (centres reached over TCP), then the serial ports named in the settings (Modem/Ports,
+// separated by ";", each listed under its path as written), then the ports found on the machine.
+// Nothing is opened or probed until a line is opened.
 //
 // The list is a TapiProvider that forwards each call to the device's own provider, and a
 // SerialLink that forwards to the link of the device whose line is open: one line and one call
@@ -17,10 +18,11 @@
 #include <vector>
 
 #include "core/event_loop.h"
-#include "line/at_modem.h"
+#include "line/at/at_modem.h"
 #include "line/device_dialogs.h"
 #include "line/serial_link.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
+#include "line/tcp/tcp_line.h"
 #include "line/telephony.h"
 
 namespace parlane {
@@ -37,8 +39,9 @@ class DeviceList : public TapiProvider, public SerialLink {
                const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected);
 
     std::size_t deviceCount() const { return devices_.size(); }
-    // The AT modem behind a device, null for the simulated one.
+    // The AT modem behind a device, null for the simulated modem and the internet line.
     AtModem* modem(std::uint32_t device);
+    TcpLine& tcp() { return tcp_; }
     const DiallingLocation& location() const { return location_; }
     // The dialogs of every device; the location and the ports are saved in `settings`.
     void setDeviceDialogs(DeviceDialogs* dialogs, Settings* settings);
@@ -92,6 +95,7 @@ class DeviceList : public TapiProvider, public SerialLink {
     void applyLocation();
 
     SimulatedModem& simulated_;
+    TcpLine tcp_;
     std::string portsSetting_;
     std::vector<SerialPortEntry> detected_;
     DiallingLocation location_;

@@ -178,7 +178,10 @@ void TAPISubs::LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage,
         ", dwInstance=" + std::to_string(dwInstance) + ", dwParam1=" + std::to_string(dwParam1) +
         ", dwParam2=" + std::to_string(dwParam2) + ", dwParam3=" + std::to_string(dwParam3);
     if (dwMessage == LINE_CALLSTATE) {
-        log("Line CallState " + CallStateText(dwParam1));
+        // A provider that knows why a call ended says so in dwParam2 (the internet line does).
+        const bool why = dwParam1 == LINECALLSTATE_DISCONNECTED && dwParam2 != 0;
+        log("Line CallState " + CallStateText(dwParam1) +
+            (why ? ", " + DisconnectModeText(dwParam2) : std::string()));
         // An incoming call must not take the place of the call we placed.
         if (dwParam1 == LINECALLSTATE_OFFERING && !callPlaced_) callHandle_ = hDevice;
         if (dwParam1 == LINECALLSTATE_IDLE) idleSeen_ = true;

@@ -186,6 +186,17 @@ std::string CallStateText(std::uint32_t state) {
     return "Unknown Call State";
 }
 
+std::string DisconnectModeText(std::uint32_t mode) {
+    static constexpr std::array<const char*, 12> kModes = {
+        "NORMAL",   "UNKNOWN",    "REJECT",      "PICKUP",     "FORWARDED",    "BUSY",
+        "NOANSWER", "BADADDRESS", "UNREACHABLE", "CONGESTION", "INCOMPATIBLE", "UNAVAIL"};
+    for (std::size_t bit = 0; bit < kModes.size(); ++bit)
+        if (mode == (1u << bit))
+            return std::string("LINEDISCONNECTMODE_") + kModes[bit] + " [" + std::to_string(mode) +
+                   "]";
+    return "Unknown Disconnect Mode";
+}
+
 std::string MediaModesText(std::uint32_t mask) {
     static const std::pair<std::uint32_t, const char*> modes[] = {
         {2, "UNKNOWN"},     {4, "INTERACTIVEVOICE"}, {8, "AUTOMATEDVOICE"},

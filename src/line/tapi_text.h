@@ -12,6 +12,8 @@ std::string TapiErrorText(std::int32_t code);
 std::string TapiMessageText(std::uint32_t message);
 // "LINECALLSTATE_CONNECTED [ 256]", or "Unknown Call State".
 std::string CallStateText(std::uint32_t state);
+// "LINEDISCONNECTMODE_REJECT [4]"; "Unknown Disconnect Mode" for a value of no single name.
+std::string DisconnectModeText(std::uint32_t mode);
 std::string MediaModesText(std::uint32_t mask);
 std::string DigitModesText(std::uint32_t mask);
 // NULs become blanks.

@@ -141,4 +141,8 @@ bool QtDeviceDialogs::EditSerialPorts(PortsForm& form) {
     return run(form, "frmSerialPorts");
 }
 
+bool QtDeviceDialogs::EditTcpSettings(TcpSettingsForm& form) {
+    return run(form, "frmTcpSettings");
+}
+
 }  // namespace parlane

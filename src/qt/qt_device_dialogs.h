@@ -25,6 +25,7 @@ class QtDeviceDialogs : public DeviceDialogs {
     bool EditModemSettings(ModemSettingsForm& form) override;
     bool EditDiallingLocation(LocationForm& form) override;
     bool EditSerialPorts(PortsForm& form) override;
+    bool EditTcpSettings(TcpSettingsForm& form) override;
 
   private:
     bool run(FieldForm& form, const char* name);

@@ -1,7 +1,7 @@
 // The AT modem provider through the real serial code, on a pseudo-terminal with an emulated
 // Hayes modem, in real time: the command dialogue, failed calls, hang-up and the next call, the
 // UUCP lock, and whole messages sent by the main window through the device list.
-#include "line/at_modem.h"
+#include "line/at/at_modem.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -232,7 +232,7 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
         names.push_back(caps.lineName);
     }
     EXPECT_EQ(names,
-              (std::vector<std::string>{"Simulated modem", "/dev/ttyS7", usb1,
+              (std::vector<std::string>{"Simulated modem", "Internet (TCP)", "/dev/ttyS7", usb1,
                                         "Acme USB Modem 42 (ttyUSB0)", "USB modem ttyACM0"}));
     LineDevCaps caps;
     EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
@@ -240,7 +240,7 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     EXPECT_FALSE(list.CloseCommunicationsPort());
 }
 
-// The main window sends through device 1 of the device list: the modem on the pty.
+// The main window sends through device 2 of the device list: the modem on the pty.
 TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
     for (const auto& [number, protocol] :
          {std::pair{"100100", ProtocolTap}, {"100101", ProtocolUcp}}) {
@@ -253,7 +253,7 @@ TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
         defaults.lockDir.clear();
         DeviceList devices(loop, simulated, emulator.devicePath(), defaults, {});
         auto centre = testing::MakeProvider("Modem", protocol, "3");
-        centre.TapiDevice = "1";
+        centre.TapiDevice = "2";
         centre.AreaCode = "0800";
         centre.Number = number;
         p.writeProviders({centre});

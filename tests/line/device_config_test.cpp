@@ -53,7 +53,8 @@ AtModemOptions LondonModems() {
     return defaults;
 }
 
-// The simulated modem and two AT modems (devices 1 and 2) on scripted dialogs.
+// The simulated modem, the internet line and two AT modems (devices 2 and 3) on scripted
+// dialogs.
 struct ListBench {
     ListBench() { devices.setDeviceDialogs(&dialogs, &settings); }
     VirtualEventLoop loop;
@@ -73,13 +74,13 @@ struct ListBench {
 TEST(DevConfigEdit, ReadEditAndApplyThroughTheDeviceList) {
     ListBench bench;
     DevConfigEditor editor;
-    ReadDevConfig(bench.tapi, 1, editor);  // the AT modem's options: raw 8N1 at 115200
+    ReadDevConfig(bench.tapi, 2, editor);  // the AT modem's options: raw 8N1 at 115200
     EXPECT_EQ(DecodeModemConfig(editor.EditorDevConfig),
               (ModemConfig{115200, 8, 'N', 1, false, ""}));
 
     ListControl cbo;
-    cbo.rows = {"Simulated modem", "/nonexistent/ttyS9"};
-    cbo.select(1);
+    cbo.rows = {"Simulated modem", "Internet (TCP)", "/nonexistent/ttyS9"};
+    cbo.select(2);
     bench.dialogs.onModem = [](ModemSettingsForm& form) {
         form.txtSpeed.Text = "2400";
         form.txtParity.Text = "E";
@@ -96,10 +97,31 @@ TEST(DevConfigEdit, ReadEditAndApplyThroughTheDeviceList) {
     EditDevConfig(bench.tapi, cbo, 0, editor);
     EXPECT_EQ(editor.EditorDevConfig, kept);
 
-    ASSERT_EQ(bench.tapi.lineSetDevConfig(1, editor.EditorDevConfig), 0);
-    ReadDevConfig(bench.tapi, 1, editor);
+    ASSERT_EQ(bench.tapi.lineSetDevConfig(2, editor.EditorDevConfig), 0);
+    ReadDevConfig(bench.tapi, 2, editor);
     EXPECT_EQ(DecodeModemConfig(editor.EditorDevConfig), edited);
-    EXPECT_EQ(bench.devices.modem(2)->currentConfig(), ModemConfig{});  // other devices keep theirs
+    EXPECT_EQ(bench.devices.modem(3)->currentConfig(), ModemConfig{});  // other devices keep theirs
+
+    // The internet line: a new centre starts with no host; Properties sets the address, which
+    // the next dial reaches, and a modem's block gives it none.
+    ReadDevConfig(bench.tapi, 1, editor);
+    EXPECT_EQ(DecodeTcpConfig(editor.EditorDevConfig), TcpConfig{});
+    cbo.select(1);
+    bench.dialogs.pressOk = true;
+    bench.dialogs.onTcp = [](TcpSettingsForm& form) {
+        form.txtHost.Text = "2001:db8::5";
+        form.txtPort.Text = "3000";
+        form.txtTls.Text = "Y";
+    };
+    EditDevConfig(bench.tapi, cbo, 0, editor);
+    EXPECT_EQ(DecodeTcpConfig(editor.EditorDevConfig), (TcpConfig{"2001:db8::5", 3000, 30, true}));
+    std::string dialable;
+    for (const auto& [block, address] :
+         {std::pair{editor.EditorDevConfig, "[2001:db8::5]:3000"}, {kept, "+44 1"}}) {
+        bench.tapi.lineSetDevConfig(1, block);
+        bench.tapi.lineTranslateAddress(1, "+44 1", dialable);
+        EXPECT_EQ(dialable, address);
+    }
 }
 
 TEST(DevConfigEdit, AnyBytesOpenTheDialogOnTheirSettingsOrTheCurrentOnes) {
@@ -160,7 +182,7 @@ TEST(DiallingLocationDialog, ReachesEveryModemsTranslationAndTheSettings) {
     };
     bench.tapi.EditDialingLocation(0);
     std::string dialled, country, city;
-    for (std::uint32_t device : {1u, 2u}) {
+    for (std::uint32_t device : {2u, 3u}) {
         ASSERT_EQ(bench.tapi.lineTranslateAddress(device, "+39 (06) 1234567", dialled), 0);
         EXPECT_EQ(dialled, "9,1234567");  // was 003961234567 from London
         EXPECT_EQ(bench.devices.modem(device)->options().dialMode, 'P');

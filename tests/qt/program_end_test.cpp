@@ -41,12 +41,12 @@ bool WaitFor(Predicate predicate, std::chrono::seconds limit) {
     return true;
 }
 
-// One start of the program with "Ann hello" on its command line; Ann's centre dials device 1,
+// One start of the program with "Ann hello" on its command line; Ann's centre dials device 2,
 // the emulated modem.
 struct ProgramRun {
     ProgramRun() {
         auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
-        centre.TapiDevice = "1";
+        centre.TapiDevice = "2";
         centre.AreaCode = "0800";
         centre.Number = "100100";
         DirectoryEntry ann{"Ann", "44", "07700", "900123", "Modem"};
@@ -55,7 +55,7 @@ struct ProgramRun {
         WriteFileAtomically(home.path() / "phones.dat", SerializeDirectoryFile({ann}, error));
         const std::string port = emulator.devicePath();
         std::ofstream(home.path() / "Parlane.ini")
-            << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=1\nName=" << port << "\n";
+            << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=2\nName=" << port << "\n";
     }
     ~ProgramRun() {
         if (pid > 0) {

@@ -15,10 +15,12 @@ class ScriptedDeviceDialogs : public DeviceDialogs {
     bool EditModemSettings(ModemSettingsForm& form) override { return run(form, onModem); }
     bool EditDiallingLocation(LocationForm& form) override { return run(form, onLocation); }
     bool EditSerialPorts(PortsForm& form) override { return run(form, onPorts); }
+    bool EditTcpSettings(TcpSettingsForm& form) override { return run(form, onTcp); }
 
     std::function<void(ModemSettingsForm&)> onModem;
     std::function<void(LocationForm&)> onLocation;
     std::function<void(PortsForm&)> onPorts;
+    std::function<void(TcpSettingsForm&)> onTcp;
     bool pressOk = true;
     int shown = 0;
     ScriptedDialogues host;
