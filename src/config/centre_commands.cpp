@@ -45,14 +45,14 @@ void frmMain::mnuNewSMSC_Click() {
 
 void frmMain::mnuEditSMSC_Click() {
     if (Services.ListIndex < 0 || CentresHeldByRun()) return;
-    const auto firstEdit = settings_.GetSettingInt("Settings", "FirstEdit", 0);
+    const auto firstEdit = settings_.GetInt(key::FirstEdit);
     if (!firstEdit || *firstEdit == 0) {
         ShowMessageBox(LoadResString(sid::FirstEditHeading) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditDoNotAlter) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditSettingsTested) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditCheckWithNetwork),
                        MbInformation);
-        settings_.SaveSetting("Settings", "FirstEdit", "1");
+        settings_.Save(key::FirstEdit, "1");
     }
     frmSMSCEdit form(*this);
     form.Form_Load();
