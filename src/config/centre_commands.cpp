@@ -2,6 +2,7 @@
 // smsc.dat whether the user saved or not.
 
 #include <algorithm>
+#include <cerrno>
 
 #include "config/demo_centres.h"
 #include "config/frm_first_centre.h"
@@ -13,10 +14,12 @@
 namespace parlane {
 
 bool frmMain::SaveProviders() {
-    std::string error;
-    const std::string bytes = SerializeProviderFile(Providers, error);
-    if (!error.empty()) return false;
-    return WriteFileAtomically(homePath("smsc.dat"), bytes).empty();
+    std::string tooLong;
+    const std::string bytes = SerializeProviderFile(Providers, tooLong);
+    const int error = tooLong.empty() ? ReplaceFile(homePath("smsc.dat"), bytes) : EOVERFLOW;
+    // The table in memory stays as edited; the next save writes it all again.
+    if (error) ShowStatus(FailureStatus(error, LoadResString(sid::SavingCentres)));
+    return error == 0;
 }
 
 bool frmMain::CentresHeldByRun() {

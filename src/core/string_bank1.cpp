@@ -427,6 +427,8 @@ constexpr std::array kBank1 = {
     BankString{sid::DataSavedAs, "Data successfully saved as"},
     BankString{sid::SystemInfoUnavailable, "System Information Is Unavailable At This Time"},
     BankString{sid::TitleFrmDebug, "Monitor SMSC"},
+    BankString{sid::SavingCentres, "Saving Service Centres"},
+    BankString{sid::ExportingDirectory, "Exporting Telephone Directory"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,
