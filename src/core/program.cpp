@@ -20,6 +20,14 @@ ProgramGlobals ReadProgramGlobals(SettingsStore& store) {
     return g;
 }
 
+std::string LogoArtwork(const ProgramGlobals& globals, bool small) {
+    std::string name = globals.strings.LanguageOffset == 1000 ? "logo_tonebridge"
+                       : globals.EditionItaly                 ? "logo_italy"
+                       : globals.EditionAustralia             ? "logo_australia"
+                                                              : "logo";
+    return small ? name + "_small" : name;
+}
+
 std::string VersionText() {
     char buf[32];
     std::snprintf(buf, sizeof buf, "%d.%02d", PARLANE_VERSION_MAJOR, PARLANE_VERSION_MINOR);
