@@ -12,77 +12,38 @@
 namespace parlane {
 namespace {
 
-// The calls that put text before the user: the status line and message boxes, also through the
-// dialogues' hooks.
+// The calls that put text before the user, also through the dialogues' hooks.
 constexpr const char* kSinks[] = {"ShowStatus", "ShowMessageBox", "setStatusRaw", "Status",
                                   "Box",        "Report"};
+// File names are the same in every language.
+constexpr const char* kFileNames[] = {"smsc.dat",  "phones.dat", "group.dat",
+                                      "queue.dat", "phones.bak", "phones.csv"};
 
-bool IsNameCharacter(char c) {
+bool IsName(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) || c == '_';
 }
 
-// Where each call of `name` opens its arguments: the name standing alone, then "(".
-std::vector<std::size_t> CallsOf(const std::string& code, const std::string& name) {
-    std::vector<std::size_t> opens;
-    for (std::size_t at = code.find(name); at != std::string::npos; at = code.find(name, at + 1)) {
-        if (at > 0 && IsNameCharacter(code[at - 1])) continue;
-        std::size_t i = at + name.size();
-        while (i < code.size() && (code[i] == ' ' || code[i] == '\n')) ++i;
-        if (i < code.size() && code[i] == '(') opens.push_back(i + 1);
-    }
-    return opens;
-}
-
-std::string ReadSource(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
-// The argument list from just behind "(" to its ")", skipping parentheses in literals.
-std::string Arguments(const std::string& code, std::size_t from) {
-    int depth = 1;
-    bool quoted = false;
-    std::size_t i = from;
-    for (; i < code.size() && depth > 0; ++i) {
-        const char c = code[i];
-        if (quoted) {
-            if (c == '\\')
-                ++i;
-            else if (c == '"')
-                quoted = false;
-        } else if (c == '"') {
-            quoted = true;
-        } else if (c == '(') {
+// The literals, escapes taken out, in the arguments of the call whose "(" is at `open`.
+std::vector<std::string> LiteralsOfCall(const std::string& code, std::size_t open) {
+    std::vector<std::string> literals;
+    int depth = 0;
+    for (std::size_t i = open; i < code.size(); ++i) {
+        if (code[i] == '"' && code[i - 1] != '\'') {
+            literals.emplace_back();
+            for (++i; i < code.size() && code[i] != '"'; ++i) {
+                if (code[i] == '\\')
+                    ++i;
+                else
+                    literals.back() += code[i];
+            }
+        } else if (code[i] == '(') {
             ++depth;
-        } else if (c == ')') {
-            --depth;
+        } else if (code[i] == ')' && --depth == 0) {
+            break;
         }
     }
-    return code.substr(from, i - from);
+    return literals;
 }
-
-// String literals with their escapes taken out, so "\r\n" holds no letter.
-std::vector<std::string> Literals(const std::string& arguments) {
-    std::vector<std::string> found;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] != '"' || (i > 0 && arguments[i - 1] == '\'')) continue;
-        std::string text;
-        for (++i; i < arguments.size() && arguments[i] != '"'; ++i) {
-            if (arguments[i] == '\\')
-                ++i;
-            else
-                text += arguments[i];
-        }
-        found.push_back(text);
-    }
-    return found;
-}
-
-// File names are the same in every language; each is named here.
-constexpr const char* kFileNames[] = {"smsc.dat",  "phones.dat", "group.dat",
-                                      "queue.dat", "phones.bak", "phones.csv"};
 
 bool HasWord(std::string text) {
     for (const std::string name : kFileNames)
@@ -98,18 +59,22 @@ TEST(BankTexts, NoWordOnTheStatusLineOrInABoxIsALiteral) {
     int calls = 0;
     std::vector<std::string> offenders;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(src)) {
-        const auto& path = entry.path();
-        if (path.extension() != ".cpp" && path.extension() != ".h") continue;
-        // The views: the calls that show texts are the core's.
-        if (*path.lexically_relative(src).begin() == "qt") continue;
-        const std::string code = ReadSource(path);
-        for (const char* sink : kSinks) {
-            for (const std::size_t open : CallsOf(code, sink)) {
+        const auto relative = entry.path().lexically_relative(src);
+        const auto extension = entry.path().extension();
+        // The views of src/qt show what the core hands them.
+        if ((extension != ".cpp" && extension != ".h") || *relative.begin() == "qt") continue;
+        std::ostringstream read;
+        read << std::ifstream(entry.path()).rdbuf();
+        const std::string code = read.str();
+        for (const std::string sink : kSinks) {
+            for (auto at = code.find(sink); at != std::string::npos; at = code.find(sink, at + 1)) {
+                std::size_t open = at + sink.size();
+                while (open < code.size() && std::isspace(static_cast<unsigned char>(code[open])))
+                    ++open;
+                if ((at > 0 && IsName(code[at - 1])) || code[open] != '(') continue;
                 ++calls;
-                for (const std::string& literal : Literals(Arguments(code, open)))
-                    if (HasWord(literal))
-                        offenders.push_back(path.lexically_relative(src).string() + ": \"" +
-                                            literal + "\"");
+                for (const std::string& literal : LiteralsOfCall(code, open))
+                    if (HasWord(literal)) offenders.push_back(relative.string() + ": " + literal);
             }
         }
     }
