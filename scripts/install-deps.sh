@@ -2,7 +2,7 @@
 # Installs the Debian packages the build and the tests need, if any are missing.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgtest-dev libgmock-dev
+packages=(cmake ninja-build g++ pkg-config qt6-base-dev libgtest-dev libgmock-dev dbus-daemon
           libbenchmark-dev nlohmann-json3-dev qt6-svg-dev ccache poppler-utils
           gettext)
 missing=()

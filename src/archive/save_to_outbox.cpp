@@ -64,6 +64,7 @@ bool frmMain::WriteOutboxFile(const FinishedMessage& file) {
 
 void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& message) {
     WriteOutboxFile(BuildOutboxFile(status, message));
+    if (onArchived) onArchived(status, message);
 }
 
 void frmMain::ArchiveFinished(const std::string& status, const QueuedMessage& message) {
@@ -71,6 +72,7 @@ void frmMain::ArchiveFinished(const std::string& status, const QueuedMessage& me
     JournalQueue({file});
     WriteOutboxFile(file);
     JournalQueue();
+    if (onArchived) onArchived(status, message);
 }
 
 void frmMain::FinishHeadMessage(const std::string& status) {

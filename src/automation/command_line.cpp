@@ -62,6 +62,11 @@ void frmMain::tmrCommandCompleted_Timer() {
     RemoteClose();
 }
 
+void frmMain::RemoteShow() {
+    minimised = false;
+    if (onShow) onShow();
+}
+
 void frmMain::RemoteClose() {
     mnuExit_Click();
     if (onExit) onExit();

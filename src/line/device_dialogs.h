@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "core/settings_store.h"
-#include "line/location_form.h"
-#include "line/modem_settings_form.h"
-#include "line/ports_form.h"
+#include "line/at/location_form.h"
+#include "line/at/modem_settings_form.h"
+#include "line/at/ports_form.h"
 
 namespace parlane {
 

@@ -17,10 +17,10 @@
 #include <vector>
 
 #include "core/event_loop.h"
-#include "line/at_modem.h"
+#include "line/at/at_modem.h"
 #include "line/device_dialogs.h"
 #include "line/serial_link.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "line/telephony.h"
 
 namespace parlane {

@@ -12,6 +12,8 @@
 #include <filesystem>
 #include <set>
 
+#include "automation/command_line.h"
+#include "automation/send_and_exit.h"
 #include "config/demo_centres.h"
 #include "config/frm_modem.h"
 #include "core/file_io.h"
@@ -19,7 +21,7 @@
 #include "core/program.h"
 #include "core/string_ids.h"
 #include "line/device_list.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "qt/artwork.h"
 #include "qt/close_signals.h"
 #include "qt/dialogs/line_option_dialogs.h"
@@ -32,6 +34,7 @@
 #include "qt/qt_regional_formats.h"
 #include "qt/qt_settings_store.h"
 #include "qt/qt_text.h"
+#include "qt/remote_service.h"
 
 namespace parlane {
 namespace {
@@ -41,7 +44,12 @@ constexpr const char* kUsage =
     "  --home DIR      keep tables, archive and settings in DIR\n"
     "  --demo          send one message through the simulated modem and end\n"
     "  --print-status  print each status line on standard error\n"
-    "  --screenshot F  save a picture of the main window as F (PNG) and end\n";
+    "  --screenshot F  save a picture of the main window as F (PNG) and end\n"
+    "  --send-and-exit NAME MESSAGE\n"
+    "                  queue MESSAGE for NAME, send, and end when the run is over; the exit\n"
+    "                  status is 0 when it was sent, 3 NAME not in the directory, 4 no centre,\n"
+    "                  5 the line failed, 6 refused by the centre, 7 not finished (left in the\n"
+    "                  queue), 8 another copy uses the home, 2 not queued for another reason\n";
 
 std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
     std::set<std::string> names;
@@ -81,6 +89,10 @@ ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
                 return options;
             }
             options.screenshot = arguments[++i];
+        } else if (a == "--send-and-exit") {
+            options.sendAndExit = true;
+        } else if (Cp1252LowerCase(a).find("embedding") != std::string::npos) {
+            options.rest.push_back(a);  // the bus's activation switch: no name, nothing queued
         } else if (a == "--print-status") {
             options.printStatus = true;
         } else if (a == "--help" || a == "-h") {
@@ -93,6 +105,7 @@ ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
             options.rest.push_back(a);
         }
     }
+    if (options.sendAndExit && options.rest.empty()) options.error = "--send-and-exit needs a name";
     return options;
 }
 
@@ -129,7 +142,13 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     CloseSignals closeSignals;
     const HomeChoice home = ChooseHome(options.home);
     InstanceLock lock(home.path);
-    if (!lock.held()) return 0;  // another instance owns this home: end silently
+    if (!lock.held()) {
+        // Another copy owns this home: end without a change, silently but for scripts.
+        if (!options.sendAndExit) return 0;
+        std::fprintf(stderr, "parlane: another copy is using %s; nothing was queued\n",
+                     home.path.c_str());
+        return kExitHomeInUse;
+    }
 
     const auto settingsFolder = SettingsFilePath(home, "Parlane").parent_path();
     std::error_code ec;
@@ -180,8 +199,8 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     splash.close();
     QApplication::restoreOverrideCursor();
 
-    const bool printStatus =
-        options.printStatus || options.demo || QGuiApplication::platformName() == "offscreen";
+    const bool printStatus = options.printStatus || options.demo || options.sendAndExit ||
+                             QGuiApplication::platformName() == "offscreen";
     const auto started = std::chrono::steady_clock::now();
     if (printStatus) {
         window.onStatus = [started](const std::string& status) {
@@ -198,6 +217,15 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
         window.controlsChanged();
     };
     form.onExit = [&window] { window.modelClosed(); };
+    form.onShow = [&window] {
+        window.showNormal();
+        window.raise();
+        window.activateWindow();
+    };
+    RemoteService remote(form,
+                         [&window](const std::function<void()>& handler) { window.run(handler); });
+    if (QString why; !remote.publish(why))
+        form.debugLog.AppendLog("Automation not offered - " + FromQt(why));
     closeSignals.listen([&window, &form, printStatus](int number) {
         const std::string name = sigabbrev_np(number) ? sigabbrev_np(number) : "?";
         form.debugLog.AppendLog("SIG" + name + " - Close Request");
@@ -220,7 +248,18 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     // The start's name and message come last, as the load's final step.
     std::string commandLine;
     for (const auto& word : options.rest) commandLine += (commandLine.empty() ? "" : " ") + word;
-    form.HandleCommandLine(Utf8ToCp1252(commandLine));
+    SendAndExit script(form, loop, [&form] { form.RemoteClose(); });
+    if (options.sendAndExit) {
+        const auto arguments = GetCommandLine(Utf8ToCp1252(commandLine));
+        if (arguments.size() < 2) return kExitUsage;  // only blanks where the name should be
+        form.minimised = true;
+        // Started once the loop runs, so that an early end can quit it.
+        QTimer::singleShot(0, &window, [&script, &window, arguments] {
+            window.run([&] { script.start(arguments[1], CommandLineMessage(arguments)); });
+        });
+    } else {
+        form.HandleCommandLine(Utf8ToCp1252(commandLine));
+    }
     if (form.minimised)
         window.showMinimized();
     else
@@ -265,7 +304,11 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     } else if (QGuiApplication::platformName() == "offscreen" && !isatty(STDIN_FILENO)) {
         std::fputs("parlane: no display; running on the offscreen platform\n", stderr);
     }
-    return app.exec();
+    const int status = app.exec();
+    if (!options.sendAndExit) return status;
+    for (const auto& line : script.report())
+        std::fprintf(stderr, "parlane: %s\n", Cp1252ToUtf8(line).c_str());
+    return script.exitStatus();
 }
 
 }  // namespace parlane

@@ -12,7 +12,8 @@ struct ProgramOptions {
     std::optional<std::string> home;
     bool demo = false;
     bool printStatus = false;
-    std::string screenshot;         // save a picture of the main window there, then end
+    bool sendAndExit = false;  // queue the name's message, send, end with a status that says how
+    std::string screenshot;    // save a picture of the main window there, then end
     std::vector<std::string> rest;  // name and message, for the command-line start
     std::string error;
 };

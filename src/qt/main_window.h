@@ -45,6 +45,8 @@ class MainWindow : public QMainWindow, public FormObserver {
     // Twips to pixels and back, at 96 dots per inch.
     static constexpr int kTwipsPerPixel = 15;
     QAction* action(const char* name) const { return actions_.value(name); }
+    // Runs a handler of the model, then mirrors what it changed.
+    void run(const std::function<void()>& handler);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -77,8 +79,6 @@ class MainWindow : public QMainWindow, public FormObserver {
     void messageEdited();
     // The model changed the text of Names: show it without completing again.
     void namesTextChanged();
-    // Runs a handler of the model, then mirrors what it changed.
-    void run(const std::function<void()>& handler);
     std::string caption(int id) const;
 
     frmMain& form_;

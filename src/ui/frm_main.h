@@ -87,6 +87,10 @@ class frmMain {
     std::function<void(frmModem&)> showModemDialog;
     // Called after the window unloaded itself (a command-line start that is done).
     std::function<void()> onExit;
+    // Asked to come to the front by an automation client.
+    std::function<void()> onShow;
+    // Told of every archive record written, with the message it keeps.
+    std::function<void(const std::string& status, const QueuedMessage&)> onArchived;
 
     // Life of the window.
     void Form_Load();
@@ -222,6 +226,7 @@ class frmMain {
     void RemoteQueue() { mnuQueue_Click(); }
     void RemoteQueueGroup();
     void RemoteSend() { mnuSend_Click(); }
+    void RemoteShow();
     // The normal end of the program, as Exit; the view learns of it through onExit.
     void RemoteClose();
     void QueueFromCommandLine(const std::string& message, const std::string& name);

@@ -9,7 +9,7 @@
 #include <set>
 
 #include "core/file_io.h"
-#include "line/simulated_base_centre.h"
+#include "line/sim/simulated_base_centre.h"
 #include "store/queue_journal.h"
 #include "support/test_platform.h"
 

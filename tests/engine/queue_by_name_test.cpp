@@ -138,13 +138,15 @@ TEST(CommandLine, ArgumentsLimitsAndTheMessage) {
     EXPECT_EQ(cut[2].size(), 167u);  // 171 characters count, the name and its blank included
 }
 
-TEST(CommandLine, StartSendsAndEndsByItselfAfterTheCall) {
-    for (const char* line : {"Ann  hello from   a script", "-Embedding", "/automation.embedding"}) {
+TEST(CommandLine, StartEndsByItselfAfterACallOrStaysOpenWaitingForOne) {
+    for (const char* line : {"Ann  hello from   a script", "-Embedding", "/automation.embedding",
+                             "Nobody hello", "Ann rings out"}) {
         TestPlatform p;
         p.useSimulatedModem();
+        const bool ringsOut = std::string(line).find("rings") != std::string::npos;
         auto centre = MakeProvider("Sim");
         centre.AreaCode = "0800";
-        centre.Number = "100100";
+        centre.Number = ringsOut ? "102100" : "100100";  // a centre that never answers
         p.writeProviders({centre});
         p.writeDirectory({{"Ann", "44", "07700", "900123", ""}});
         auto& f = p.load();
@@ -152,11 +154,15 @@ TEST(CommandLine, StartSendsAndEndsByItselfAfterTheCall) {
         f.onExit = [&] { exited = true; };
         f.HandleCommandLine(line);
         EXPECT_TRUE(f.minimised);
+        p.loop.setRunUntilLimit(std::chrono::hours(1));
         p.loop.runUntil([&] { return exited; });
         const bool embedding = std::string(line).find("mbedding") != std::string::npos;
-        EXPECT_EQ(exited, !embedding) << line;
+        // With no call ever online the start waits for one: the program stays open.
+        const bool staysOpen = ringsOut || std::string(line).find("Nobody") == 0;
+        EXPECT_EQ(exited, !embedding && !staysOpen) << line;
+        EXPECT_EQ(f.tmrCommandLine.Enabled(), staysOpen) << line;
         EXPECT_EQ(p.archiveFiles().size(), embedding ? 0u : 1u) << line;
-        if (!embedding) {
+        if (!embedding && !staysOpen) {
             const auto text = p.archiveFile(p.archiveFiles()[0]);
             EXPECT_NE(text.find("Sent To: \tAnn"), std::string::npos);
             EXPECT_NE(text.find("hello from a script\r\n"), std::string::npos);

@@ -1,7 +1,7 @@
 // The AT modem provider through the real serial code, on a pseudo-terminal with an emulated
 // Hayes modem, in real time: the command dialogue, failed calls, hang-up and the next call, the
 // UUCP lock, and whole messages sent by the main window through the device list.
-#include "line/at_modem.h"
+#include "line/at/at_modem.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 // they hand back. The ports form is tried through the device list (device_config_test.cpp).
 #include <gtest/gtest.h>
 
-#include "line/location_form.h"
-#include "line/modem_settings_form.h"
+#include "line/at/location_form.h"
+#include "line/at/modem_settings_form.h"
 #include "support/test_platform.h"
 
 namespace parlane {

@@ -1,5 +1,5 @@
 // Dial strings from canonical addresses for a given location, and the location's settings.
-#include "line/dialling_rules.h"
+#include "line/at/dialling_rules.h"
 
 #include <gtest/gtest.h>
 

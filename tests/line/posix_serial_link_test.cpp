@@ -1,6 +1,6 @@
 // The serial link over a pseudo-terminal: reads in turns of at most 1000 bytes, every byte value
 // both ways, and a close that is harmless when repeated and leaves the descriptor to its owner.
-#include "line/posix_serial_link.h"
+#include "line/at/posix_serial_link.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -8,11 +8,11 @@
 
 #include "core/cp1252.h"
 #include "core/virtual_event_loop.h"
-#include "line/simulated_orange_centre.h"
-#include "line/simulated_tap_centre.h"
-#include "line/simulated_tim_centre.h"
-#include "line/simulated_ucp_centre.h"
-#include "line/simulated_voda_centre.h"
+#include "line/sim/simulated_orange_centre.h"
+#include "line/sim/simulated_tap_centre.h"
+#include "line/sim/simulated_tim_centre.h"
+#include "line/sim/simulated_ucp_centre.h"
+#include "line/sim/simulated_voda_centre.h"
 
 namespace parlane {
 namespace {

@@ -6,6 +6,8 @@
 
 #include <QAbstractItemModel>
 #include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPrinter>
 #include <QPushButton>
 #include <QTableView>
@@ -14,6 +16,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 #include <cstdio>
+#include <filesystem>
+#include <memory>
 
 #include "archive/frm_open.h"
 #include "core/file_io.h"
@@ -83,6 +87,60 @@ TEST(ArchiveWindows, BrowserOpensSendsAgainAndTrashes) {
     EXPECT_EQ(f.QueueBuffer[1].Text, "again");
     EXPECT_EQ(p.archiveFiles().size(), 1u);
     EXPECT_EQ(QDir(data.path() + "/Trash/files").entryList(QDir::Files).size(), 1);
+}
+
+// Two rows of the list dropped on another folder move there; a drop on the folder shown is refused.
+TEST(ArchiveWindows, DraggingRowsOntoAFolderMovesThem) {
+    TestPlatform p;
+    auto& f = p.load();
+    for (const char* text : {"one", "two", "three"})
+        f.SaveToOutbox("Message Sent Successfully", {"44", "07802", "1", text, 1, 0, "Alpha"});
+    std::filesystem::create_directories(p.home / "SMS" / "Kept");
+
+    auto drop = [](QTreeWidget& tree, QTreeWidgetItem* on, QMimeData& data) {
+        const QPoint at = tree.visualItemRect(on).center();
+        QDragEnterEvent enter(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &enter);
+        QDragMoveEvent move(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &move);
+        QDropEvent dropped(at, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(tree.viewport(), &dropped);
+        return dropped.isAccepted();
+    };
+    bool refusedOnOwnFolder = false, acceptedOnOther = false;
+    int left = -1;
+    InModal([&](QWidget& browser) {
+        auto* tree = browser.findChild<QTreeWidget*>("tvwView");
+        auto* list = browser.findChild<QTableView*>("lstData");
+        ASSERT_TRUE(tree && list);
+        QTreeWidgetItem* outbox = nullptr;
+        QTreeWidgetItem* kept = nullptr;
+        for (int i = 0; i < tree->topLevelItem(0)->childCount(); ++i) {
+            auto* item = tree->topLevelItem(0)->child(i);
+            (item->text(0) == "Outbox" ? outbox : kept) = item;
+        }
+        ASSERT_TRUE(outbox && kept);
+        tree->setCurrentItem(outbox);
+        list->selectRow(0);
+        list->selectionModel()->select(list->model()->index(1, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        std::unique_ptr<QMimeData> data(
+            list->model()->mimeData(list->selectionModel()->selectedRows()));
+        refusedOnOwnFolder = !drop(*tree, outbox, *data);
+        acceptedOnOther = drop(*tree, kept, *data);
+        left = list->model()->rowCount();
+        browser.close();
+    });
+    ShowFoldersWindow(nullptr, f);
+    EXPECT_TRUE(refusedOnOwnFolder);
+    EXPECT_TRUE(acceptedOnOther);
+    EXPECT_EQ(left, 1);
+    const auto count = [&](const char* folder) {
+        auto files = std::filesystem::directory_iterator(p.home / "SMS" / folder);
+        return std::distance(begin(files), end(files));
+    };
+    EXPECT_EQ(count("Kept"), 2);
+    EXPECT_EQ(count("Outbox"), 1);
 }
 
 TEST(ArchiveWindows, PrintLaysTheTextOutOnPdfPages) {

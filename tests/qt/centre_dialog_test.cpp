@@ -17,7 +17,7 @@
 #include <QTimer>
 
 #include "config/frm_smsc_edit.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "qt/main_window.h"
 #include "qt/qt_event_loop.h"
 #include "support/test_platform.h"

@@ -21,3 +21,15 @@ grep -q "Status: 	Message Sent Successfully" "${files[0]}" || { cat "${files[0]}
 grep -q "Sent To: 	Ann" "${files[0]}" || { cat "${files[0]}"; exit 1; }
 [ ! -e "$home/queue.dat" ] || { echo "queue.dat left behind"; exit 1; }
 echo "delivered and ended by itself"
+
+# For scripts: the same start that ends with the run and says how it went.
+status=0
+QT_QPA_PLATFORM=offscreen timeout 90 "$parlane" --home "$home" --send-and-exit Ann again \
+    2>"$home/err" || status=$?
+[ "$status" -eq 0 ] || { cat "$home/err"; echo "exit status $status"; exit 1; }
+grep -q "Message #[0-9]*: Message Sent Successfully" "$home/err" || { cat "$home/err"; exit 1; }
+status=0
+QT_QPA_PLATFORM=offscreen timeout 90 "$parlane" --home "$home" --send-and-exit Nobody hi \
+    2>/dev/null || status=$?
+[ "$status" -eq 3 ] || { echo "a name not in the directory gave $status"; exit 1; }
+echo "--send-and-exit: 0 when sent, 3 for a name not in the directory"

@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/qt_event_loop.h"
 #include "support/test_platform.h"

@@ -16,7 +16,7 @@
 #include <thread>
 #include <vector>
 
-#include "line/simulated_centre.h"
+#include "line/sim/simulated_centre.h"
 
 namespace parlane::testing {
 

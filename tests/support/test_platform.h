@@ -12,7 +12,7 @@
 #include "core/settings_store.h"
 #include "core/virtual_event_loop.h"
 #include "line/serial_link.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "line/telephony.h"
 #include "support/temp_files.h"
 #include "ui/frm_main.h"

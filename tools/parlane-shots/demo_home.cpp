@@ -2,7 +2,7 @@
 
 #include "core/file_io.h"
 #include "core/settings_store.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "store/directory.h"
 #include "store/provider.h"
 #include "ui/frm_main.h"

@@ -21,7 +21,7 @@
 #include "exchange/frm_backup.h"
 #include "exchange/frm_restore.h"
 #include "line/device_list.h"
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 #include "qt/artwork.h"
 #include "qt/dialogs/archive_windows.h"
 #include "qt/dialogs/centre_dialog.h"

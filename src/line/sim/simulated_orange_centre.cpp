@@ -1,4 +1,4 @@
-#include "line/simulated_orange_centre.h"
+#include "line/sim/simulated_orange_centre.h"
 
 namespace parlane {
 namespace {

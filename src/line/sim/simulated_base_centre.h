@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "line/simulated_centre.h"
+#include "line/sim/simulated_centre.h"
 
 namespace parlane {
 

@@ -1,4 +1,4 @@
-#include "line/modem_settings_form.h"
+#include "line/at/modem_settings_form.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "line/location_form.h"
+#include "line/at/location_form.h"
 
 #include <cctype>
 

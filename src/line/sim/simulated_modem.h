@@ -11,7 +11,7 @@
 #include "core/event_loop.h"
 #include "line/device_dialogs.h"
 #include "line/serial_link.h"
-#include "line/simulated_centre.h"
+#include "line/sim/simulated_centre.h"
 #include "line/telephony.h"
 
 namespace parlane {

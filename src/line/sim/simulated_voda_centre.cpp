@@ -1,4 +1,4 @@
-#include "line/simulated_voda_centre.h"
+#include "line/sim/simulated_voda_centre.h"
 
 namespace parlane {
 namespace {

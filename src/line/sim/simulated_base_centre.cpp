@@ -1,4 +1,4 @@
-#include "line/simulated_base_centre.h"
+#include "line/sim/simulated_base_centre.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "line/simulated_tim_centre.h"
+#include "line/sim/simulated_tim_centre.h"
 
 namespace parlane {
 namespace {

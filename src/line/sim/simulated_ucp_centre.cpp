@@ -1,4 +1,4 @@
-#include "line/simulated_ucp_centre.h"
+#include "line/sim/simulated_ucp_centre.h"
 
 #include <algorithm>
 #include <cstdio>

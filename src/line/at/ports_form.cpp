@@ -1,4 +1,4 @@
-#include "line/ports_form.h"
+#include "line/at/ports_form.h"
 
 #include <algorithm>
 

@@ -4,12 +4,12 @@
 
 #include <string>
 
-#include "line/simulated_centre.h"
-#include "line/simulated_orange_centre.h"
-#include "line/simulated_tap_centre.h"
-#include "line/simulated_tim_centre.h"
-#include "line/simulated_ucp_centre.h"
-#include "line/simulated_voda_centre.h"
+#include "line/sim/simulated_centre.h"
+#include "line/sim/simulated_orange_centre.h"
+#include "line/sim/simulated_tap_centre.h"
+#include "line/sim/simulated_tim_centre.h"
+#include "line/sim/simulated_ucp_centre.h"
+#include "line/sim/simulated_voda_centre.h"
 
 namespace parlane {
 namespace {

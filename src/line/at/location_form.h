@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "line/dialling_rules.h"
+#include "line/at/dialling_rules.h"
 #include "line/field_form.h"
 
 namespace parlane {

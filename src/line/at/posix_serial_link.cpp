@@ -1,4 +1,4 @@
-#include "line/posix_serial_link.h"
+#include "line/at/posix_serial_link.h"
 
 #include <fcntl.h>
 #include <poll.h>

@@ -20,10 +20,10 @@
 #include <vector>
 
 #include "core/event_loop.h"
+#include "line/at/dialling_rules.h"
+#include "line/at/posix_serial_link.h"
 #include "line/device_dialogs.h"
-#include "line/dialling_rules.h"
 #include "line/modem_config.h"
-#include "line/posix_serial_link.h"
 #include "line/telephony.h"
 
 namespace parlane {

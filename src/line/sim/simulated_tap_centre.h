@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "line/simulated_base_centre.h"
+#include "line/sim/simulated_base_centre.h"
 
 namespace parlane {
 

@@ -1,4 +1,4 @@
-#include "line/simulated_modem.h"
+#include "line/sim/simulated_modem.h"
 
 namespace parlane {
 

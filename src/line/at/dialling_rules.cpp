@@ -1,4 +1,4 @@
-#include "line/dialling_rules.h"
+#include "line/at/dialling_rules.h"
 
 #include <array>
 #include <cctype>

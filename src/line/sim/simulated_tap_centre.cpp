@@ -1,4 +1,4 @@
-#include "line/simulated_tap_centre.h"
+#include "line/sim/simulated_tap_centre.h"
 
 namespace parlane {
 namespace {

@@ -1,4 +1,4 @@
-#include "line/at_modem.h"
+#include "line/at/at_modem.h"
 
 #include <fcntl.h>
 #include <poll.h>

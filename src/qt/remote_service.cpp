@@ -1,0 +1,77 @@
+#include "qt/remote_service.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QTimer>
+
+#include "qt/qt_text.h"
+
+namespace parlane {
+
+RemoteService::RemoteService(frmMain& form, std::function<void(const std::function<void()>&)> run)
+    : remote_(form), run_(std::move(run)) {}
+
+bool RemoteService::publish(QString& why) {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        why = "no session bus: " + bus.lastError().message();
+        return false;
+    }
+    if (!bus.registerObject(kRemoteObjectPath, this, QDBusConnection::ExportAllSlots)) {
+        why = "the object path is taken: " + bus.lastError().message();
+        return false;
+    }
+    // A copy on another home may hold the name already; the first one keeps it.
+    const auto reply =
+        bus.interface()->registerService(kRemoteBusName, QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
+    if (!reply.isValid() || reply.value() != QDBusConnectionInterface::ServiceRegistered) {
+        why = QString(kRemoteBusName) + " belongs to another copy";
+        bus.unregisterObject(kRemoteObjectPath);
+        return false;
+    }
+    return true;
+}
+
+void RemoteService::refuse(const QString& argument, int index) {
+    if (calledFromDBus())
+        sendErrorReply(QDBusError::InvalidArgs,
+                       QString("%1 %2 is not a row of the list").arg(argument).arg(index));
+}
+
+void RemoteService::ParlaneQueueGroup(const QString& Message, int GroupIndex) {
+    bool taken = true;
+    run_([&] { taken = remote_.ParlaneQueueGroup(FromQt(Message), GroupIndex); });
+    if (!taken) refuse("GroupIndex", GroupIndex);
+}
+
+void RemoteService::ParlaneQueueByName(const QString& Message, const QString& Name) {
+    run_([&] { remote_.ParlaneQueueByName(FromQt(Message), FromQt(Name)); });
+}
+
+void RemoteService::ParlaneQueueMessage(const QString& Country, const QString& Area,
+                                        const QString& Number, int ProviderIndex,
+                                        const QString& Message) {
+    bool taken = true;
+    run_([&] {
+        taken = remote_.ParlaneQueueMessage(FromQt(Country), FromQt(Area), FromQt(Number),
+                                            ProviderIndex, FromQt(Message));
+    });
+    if (!taken) refuse("ProviderIndex", ProviderIndex);
+}
+
+void RemoteService::ParlaneSendMessages() {
+    run_([&] { remote_.ParlaneSendMessages(); });
+}
+
+// The client has its answer before the window goes.
+void RemoteService::ParlaneClose() {
+    QTimer::singleShot(0, this, [this] { run_([this] { remote_.ParlaneClose(); }); });
+}
+
+void RemoteService::ParlaneShow() {
+    run_([&] { remote_.ParlaneShow(); });
+}
+
+}  // namespace parlane
