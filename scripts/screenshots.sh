@@ -26,6 +26,18 @@ fi
 out=docs/screenshots
 mkdir -p "$out"
 # A plain style and font, the same on every machine.
-QT_QPA_PLATFORM=xcb QT_STYLE_OVERRIDE=Fusion \
-    xvfb-run -a -s "-screen 0 1280x1024x24" build/tools/parlane-shots/parlane-shots "$out"
+shots() {
+    QT_QPA_PLATFORM=xcb QT_STYLE_OVERRIDE=Fusion \
+        xvfb-run -a -s "-screen 0 1280x1024x24" build/tools/parlane-shots/parlane-shots "$@"
+}
+shots "$out"
+# German and Italian run longest: the main window and three dialogues in each show they fit.
+others=$(mktemp -d)
+trap 'rm -rf "$others"' EXIT
+for language in de it; do
+    shots --language "$language" "$others"
+    for name in main-window main-window-panels frmSMSCEdit frmImport frmModemInfo; do
+        cp "$others/$name-$language.png" "$out/"
+    done
+done
 echo "Pictures in $out/"

@@ -58,8 +58,7 @@ bool frmMain::WriteOutboxFile(const FinishedMessage& file) {
         [&](int attempt) { return attempt == 1 ? file.fileName : ArchiveName(stamp, attempt); },
         file.content, chosen);
     if (error == 0) return true;
-    ShowStatus(std::to_string(error) + " " + LoadResString(sid::SavingToOutbox) + " " +
-               std::strerror(error));
+    ShowStatus(FailureStatus(error, LoadResString(sid::SavingToOutbox)));
     return false;
 }
 

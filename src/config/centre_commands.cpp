@@ -2,6 +2,7 @@
 // smsc.dat whether the user saved or not.
 
 #include <algorithm>
+#include <cerrno>
 
 #include "config/demo_centres.h"
 #include "config/frm_first_centre.h"
@@ -13,10 +14,12 @@
 namespace parlane {
 
 bool frmMain::SaveProviders() {
-    std::string error;
-    const std::string bytes = SerializeProviderFile(Providers, error);
-    if (!error.empty()) return false;
-    return WriteFileAtomically(homePath("smsc.dat"), bytes).empty();
+    std::string tooLong;
+    const std::string bytes = SerializeProviderFile(Providers, tooLong);
+    const int error = tooLong.empty() ? ReplaceFile(homePath("smsc.dat"), bytes) : EOVERFLOW;
+    // The table in memory stays as edited; the next save writes it all again.
+    if (error) ShowStatus(FailureStatus(error, LoadResString(sid::SavingCentres)));
+    return error == 0;
 }
 
 bool frmMain::CentresHeldByRun() {
@@ -45,14 +48,14 @@ void frmMain::mnuNewSMSC_Click() {
 
 void frmMain::mnuEditSMSC_Click() {
     if (Services.ListIndex < 0 || CentresHeldByRun()) return;
-    const auto firstEdit = settings_.GetSettingInt("Settings", "FirstEdit", 0);
+    const auto firstEdit = settings_.GetInt(key::FirstEdit);
     if (!firstEdit || *firstEdit == 0) {
         ShowMessageBox(LoadResString(sid::FirstEditHeading) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditDoNotAlter) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditSettingsTested) + "\r\n\r\n" +
                            LoadResString(sid::FirstEditCheckWithNetwork),
                        MbInformation);
-        settings_.SaveSetting("Settings", "FirstEdit", "1");
+        settings_.Save(key::FirstEdit, "1");
     }
     frmSMSCEdit form(*this);
     form.Form_Load();

@@ -8,7 +8,7 @@ namespace parlane {
 void frmDial::Form_Load() {
     Caption = main_.LoadResString(sid::TitleFrmDial);
     Label1.Caption = main_.LoadResString(sid::LabelMaximumDiallingAttempts);
-    txtDialAttempts.Text = main_.settings().GetSetting("Settings", "MaxDial", "3");
+    txtDialAttempts.Text = main_.settings().Get(key::MaxDial);
 }
 
 void frmDial::cmdProvidersClose_Click() {
@@ -17,7 +17,7 @@ void frmDial::cmdProvidersClose_Click() {
         focusedControl = "txtDialAttempts";
         return;
     }
-    main_.settings().SaveSetting("Settings", "MaxDial", std::to_string(*value));
+    main_.settings().Save(key::MaxDial, std::to_string(*value));
     main_.state.MaxDialAttempts = *value;
     unloaded = true;
 }

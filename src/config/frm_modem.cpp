@@ -40,9 +40,9 @@ void frmModem::cmdProviderItemOk_Click() {
     DefModem(main_.Providers, cboTapiDevice.ListIndex);
     main_.SaveProviders();
     auto& settings = main_.settings();
-    settings.SaveSetting("FirstRun", "Modem", "4");
-    settings.SaveSetting("Modem", "Index", std::to_string(cboTapiDevice.ListIndex));
-    settings.SaveSetting("Modem", "Name", cboTapiDevice.Text);
+    settings.Save(key::FirstRunModem, "4");
+    settings.Save(key::ModemIndex, std::to_string(cboTapiDevice.ListIndex));
+    settings.Save(key::ModemName, cboTapiDevice.Text);
     unloaded = true;
 }
 

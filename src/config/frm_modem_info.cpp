@@ -6,7 +6,7 @@
 namespace parlane {
 
 bool frmModemInfo::Wanted(const Settings& settings) {
-    const auto tip = settings.GetSettingInt("Options", "ModemTip", 0);
+    const auto tip = settings.GetInt(key::ModemTip);
     return !(tip && *tip == 1);
 }
 
@@ -21,7 +21,7 @@ void frmModemInfo::Form_Load() {
 }
 
 void frmModemInfo::chkShowModemInfo_Click() {
-    main_.settings().SaveSetting("Options", "ModemTip", chkShowModemInfo.Value ? "1" : "0");
+    main_.settings().Save(key::ModemTip, chkShowModemInfo.Value ? "1" : "0");
 }
 
 }  // namespace parlane

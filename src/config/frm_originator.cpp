@@ -11,7 +11,7 @@ void frmOriginator::Form_Load() {
     Label1.Caption = main_.LoadResString(sid::OriginatorExplained);
     Label2.Caption = main_.LoadResString(sid::OriginatorAreaCodeNote);
     Label3.Caption = main_.LoadResString(sid::OriginatorMaxDigits);
-    txtID.Text = main_.settings().GetSetting("Settings", "Originator", "12345");
+    txtID.Text = main_.settings().Get(key::Originator);
 }
 
 int frmOriginator::txtID_KeyPress(int keyAscii) const {
@@ -36,7 +36,7 @@ void frmOriginator::txtID_Change() {
 
 void frmOriginator::cmdOK_Click() {
     if (!txtID.Text.empty()) {
-        main_.settings().SaveSetting("Settings", "Originator", txtID.Text);
+        main_.settings().Save(key::Originator, txtID.Text);
         main_.state.OriginatorId = txtID.Text;
     }
     unloaded = true;

@@ -263,7 +263,7 @@ void frmSMSCEdit::cmdProviderItemOk_Click() {
     services.Clear();
     for (const auto& centre : providers) services.AddItem(centre.ProviderName);
     services.select(services.FindRow(txtProviderName.Text));
-    if (chkDefaultSMSC.Value) main_.settings().SaveSetting("SMSC", "Default", txtProviderName.Text);
+    if (chkDefaultSMSC.Value) main_.settings().Save(key::DefaultCentre, txtProviderName.Text);
     if (chkDefModem.Value) DefModem(providers, cboTapiDevice.ListIndex);
     unloaded = true;
 }

@@ -8,7 +8,7 @@ namespace parlane {
 void frmTimeout::Form_Load() {
     Caption = main_.LoadResString(sid::TitleFrmTimeout);
     Label1.Caption = main_.LoadResString(sid::LabelSecondsToWait);
-    txtResponseSecs.Text = main_.settings().GetSetting("Settings", "Timeout", "30");
+    txtResponseSecs.Text = main_.settings().Get(key::Timeout);
 }
 
 void frmTimeout::cmdOK_Click() {
@@ -17,7 +17,7 @@ void frmTimeout::cmdOK_Click() {
         focusedControl = "txtResponseSecs";
         return;
     }
-    main_.settings().SaveSetting("Settings", "Timeout", std::to_string(*value));
+    main_.settings().Save(key::Timeout, std::to_string(*value));
     main_.ResponseTimeoutSecs = *value;
     unloaded = true;
 }

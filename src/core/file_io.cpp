@@ -149,19 +149,24 @@ TableFileRead ReadTableFile(const std::filesystem::path& path, std::uintmax_t li
     return result;
 }
 
-std::string WriteFileAtomically(const std::filesystem::path& path, const std::string& bytes,
-                                mode_t mode) {
+int ReplaceFile(const std::filesystem::path& path, const std::string& bytes, mode_t mode) {
     auto temp = path;
     temp += ".tmp";
-    if (const int error = WriteFlushedFile(temp, bytes, mode)) return std::strerror(error);
+    if (const int error = WriteFlushedFile(temp, bytes, mode)) return error;
     Announce(FileOperation::Rename, path);
     if (::rename(temp.c_str(), path.c_str()) != 0) {
-        const std::string error = std::strerror(errno);
+        const int error = errno;
         ::unlink(temp.c_str());
         return error;
     }
     FlushFolder(path.parent_path());
-    return {};
+    return 0;
+}
+
+std::string WriteFileAtomically(const std::filesystem::path& path, const std::string& bytes,
+                                mode_t mode) {
+    const int error = ReplaceFile(path, bytes, mode);
+    return error ? std::strerror(error) : std::string();
 }
 
 int WriteNewFileAtomically(const std::filesystem::path& folder,

@@ -33,7 +33,10 @@ TableFileRead ReadTableFile(const std::filesystem::path& path,
 inline constexpr mode_t kPrivateFileMode = 0600;
 
 // Writes a temporary file beside `path`, flushes it to disk and renames it over `path`, so a
-// crash leaves either the old or the new content. Returns an error text, empty on success.
+// crash leaves either the old or the new content. Returns 0 or the errno of the failing call.
+int ReplaceFile(const std::filesystem::path& path, const std::string& bytes,
+                mode_t mode = kPrivateFileMode);
+// As ReplaceFile, with the system's text of the error instead; empty on success.
 std::string WriteFileAtomically(const std::filesystem::path& path, const std::string& bytes,
                                 mode_t mode = kPrivateFileMode);
 

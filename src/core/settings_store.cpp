@@ -36,6 +36,23 @@ void Settings::SaveSetting(const std::string& section, const std::string& key,
     store_.write(application_, section, key, value);
 }
 
+std::string Settings::Get(const SettingKey& key) const {
+    return Get(key, std::string(key.defaultValue));
+}
+
+std::string Settings::Get(const SettingKey& key, const std::string& callerDefault) const {
+    return GetSetting(std::string(key.section), std::string(key.key), callerDefault);
+}
+
+std::optional<std::int16_t> Settings::GetInt(const SettingKey& key) const {
+    const auto value = store_.read(application_, std::string(key.section), std::string(key.key));
+    return ParseInt16(value ? *value : std::string(key.defaultValue));
+}
+
+void Settings::Save(const SettingKey& key, const std::string& value) {
+    SaveSetting(std::string(key.section), std::string(key.key), value);
+}
+
 std::optional<std::int16_t> ParseInt16(const std::string& text) {
     std::size_t i = 0;
     while (i < text.size() && text[i] == ' ') ++i;

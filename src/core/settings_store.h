@@ -7,6 +7,8 @@
 #include <string>
 #include <tuple>
 
+#include "core/settings_keys.h"
+
 namespace parlane {
 
 class SettingsStore {
@@ -49,6 +51,12 @@ class Settings {
     std::optional<std::int16_t> GetSettingInt(const std::string& section, const std::string& key,
                                               std::int16_t defaultValue) const;
     void SaveSetting(const std::string& section, const std::string& key, const std::string& value);
+
+    // The same by a key of the table, with the table's default.
+    std::string Get(const SettingKey& key) const;
+    std::string Get(const SettingKey& key, const std::string& callerDefault) const;
+    std::optional<std::int16_t> GetInt(const SettingKey& key) const;
+    void Save(const SettingKey& key, const std::string& value);
 
   private:
     SettingsStore& store_;

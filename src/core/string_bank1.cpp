@@ -435,6 +435,8 @@ constexpr std::array kBank1 = {
     BankString{sid::LabelCheckCertificate, "Check the Centre's Certificate"},
     BankString{sid::ChoiceOn, "On"},
     BankString{sid::ChoiceOff, "Off"},
+    BankString{sid::SavingCentres, "Saving Service Centres"},
+    BankString{sid::ExportingDirectory, "Exporting Telephone Directory"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

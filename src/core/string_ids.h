@@ -445,4 +445,8 @@ inline constexpr int LogUnknownTapiError = 1181;
 inline constexpr int LogUnknownMessage = 1183;
 inline constexpr int LogUnknownCallState = 1184;
 
+// Our own: the actions of failed writes on the status line, of smsc.dat and of an export.
+inline constexpr int SavingCentres = 1430;
+inline constexpr int ExportingDirectory = 1431;
+
 }  // namespace parlane::sid

@@ -1,5 +1,10 @@
 #include "core/strings.h"
 
+#include <cerrno>
+#include <cstring>
+#include <new>
+#include <system_error>
+
 #include "core/string_bank.h"
 #include "core/string_ids.h"
 
@@ -17,6 +22,20 @@ std::string Strings::LoadResString(int id) const {
 
 std::string Strings::ProductName() const {
     return LoadResString(sid::ProductName);
+}
+
+std::string FailureStatus(int errorNumber, const std::string& action) {
+    return std::to_string(errorNumber) + " " + action + " " + std::strerror(errorNumber);
+}
+
+int ErrorNumberOf(const std::exception& e) {
+    if (const auto* system = dynamic_cast<const std::system_error*>(&e)) {
+        if (system->code().category() == std::generic_category() ||
+            system->code().category() == std::system_category())
+            return system->code().value();
+    }
+    if (dynamic_cast<const std::bad_alloc*>(&e)) return ENOMEM;
+    return EIO;
 }
 
 }  // namespace parlane

@@ -2,6 +2,7 @@
 // LoadResString: the text of an id in the bank chosen by LanguageOffset.
 
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <string>
 
@@ -18,5 +19,13 @@ class Strings {
     // The product's name in the bank in use (string 1052): titles, settings application name.
     std::string ProductName() const;
 };
+
+// A failure on the status line: the error's number, the action's name and the system's
+// description of the error, blank-separated.
+std::string FailureStatus(int errorNumber, const std::string& action);
+
+// The error number a caught exception stands for: a system error's own, ENOMEM for a failed
+// allocation, EIO for anything else.
+int ErrorNumberOf(const std::exception& e);
 
 }  // namespace parlane

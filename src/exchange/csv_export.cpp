@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/string_ids.h"
+#include "core/strings.h"
 #include "exchange/csv_line.h"
 #include "exchange/exchange_files.h"
 #include "exchange/frm_import.h"
@@ -34,7 +35,7 @@ void frmImport::ExportDirectory() {
     }
     // A failed write does not stop the wizard; the status line says why there is no file.
     if (const auto error = WriteFileBytes(csvPath(), bytes))
-        Status(PathText(csvPath()) + ": " + error.text);
+        Status(FailureStatus(error.number, Load(sid::ExportingDirectory)));
 
     RemoveProgBar();
     lblProgBar.Caption.clear();

@@ -1,8 +1,10 @@
 // The wizard's import: new names from the chosen lines into the directory, then phones.dat
 // rewritten with the old file kept as phones.bak.
+#include <cerrno>
 #include <cmath>
 
 #include "core/string_ids.h"
+#include "core/strings.h"
 #include "exchange/csv_line.h"
 #include "exchange/directory_name_index.h"
 #include "exchange/exchange_files.h"
@@ -92,7 +94,7 @@ bool frmImport::KeepDirectoryBackup() {
     const auto bytes = ReadFileBytes(dat, error);
     if (bytes) error = WriteFileBytes(bak, *bytes);
     if (!error) return true;
-    Status(PathText(bak) + ": " + error.text);
+    Status(FailureStatus(error.number, Load(sid::SavingDirectory)));
     return false;
 }
 
@@ -103,13 +105,13 @@ bool frmImport::WriteDirectory() {
     for (std::size_t i = 0; i <= upper; ++i) {
         if (upper > 0) SetProgBarPos(static_cast<int>(std::nearbyint(100.0 / upper * i)));
         if (!WriteDirectoryEntry(writer, Directory[i])) {
-            Status("phones.dat: a field longer than 65535 bytes cannot be stored");
+            Status(FailureStatus(EOVERFLOW, Load(sid::SavingDirectory)));
             return false;
         }
     }
     const auto path = home_ / "phones.dat";
     if (const auto error = WriteFileBytes(path, writer.take())) {
-        Status(PathText(path) + ": " + error.text);
+        Status(FailureStatus(error.number, Load(sid::SavingDirectory)));
         return false;
     }
     return true;

@@ -17,13 +17,6 @@ FileError SystemError(int number) {
     return {number, std::strerror(number)};
 }
 
-// WriteFileAtomically hands back the system's text only; the number is found again from it.
-int ErrorNumberOf(const std::string& text) {
-    for (int number = 1; number < 256; ++number)
-        if (text == std::strerror(number)) return number;
-    return 0;
-}
-
 }  // namespace
 
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error) {
@@ -58,9 +51,8 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, File
 }
 
 FileError WriteFileBytes(const std::filesystem::path& path, const std::string& bytes) {
-    const std::string text = WriteFileAtomically(path, bytes);
-    if (text.empty()) return {};
-    return {ErrorNumberOf(text), text};
+    const int number = ReplaceFile(path, bytes);
+    return number ? SystemError(number) : FileError{};
 }
 
 std::string PathText(const std::filesystem::path& path) {

@@ -3,6 +3,7 @@
 
 #include "core/file_io.h"
 #include "core/string_ids.h"
+#include "core/strings.h"
 #include "exchange/csv_line.h"
 #include "exchange/exchange_files.h"
 
@@ -57,9 +58,7 @@ void frmImport::LoadDirectory() {
     FileError error;
     const auto bytes = ReadFileBytes(path, error);
     if (!bytes) {
-        Box(std::to_string(error.number) + " " + Load(sid::LoadingTelephoneDirectory) + " " +
-                error.text,
-            MbExclamation);
+        Box(FailureStatus(error.number, Load(sid::LoadingTelephoneDirectory)), MbExclamation);
         return;
     }
     auto table = ParseDirectoryFile(*bytes);

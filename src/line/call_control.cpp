@@ -212,8 +212,9 @@ void frmMain::EndCallForExit() {
 
 void frmMain::CloseCommPort() {
     platform_.loop.doEvents();
-    debugLog.AppendLog(platform_.serial.CloseCommunicationsPort() ? "Comm Port Closed"
-                                                                  : "Failed to Close Comm Port");
+    debugLog.AppendLog(LoadResString(platform_.serial.CloseCommunicationsPort()
+                                         ? sid::LogCommPortClosed
+                                         : sid::LogFailedToCloseCommPort));
 }
 
 void frmMain::OpenCommPort() {
@@ -223,10 +224,10 @@ void frmMain::OpenCommPort() {
         platform_.loop.post([this, code] { OnCommEvent(code); });
     });
     if (!opened) {
-        debugLog.AppendLog("Failed to Open Comm Port");
+        debugLog.AppendLog(LoadResString(sid::LogFailedToOpenCommPort));
         return;
     }
-    debugLog.AppendLog("Comm Port Open");
+    debugLog.AppendLog(LoadResString(sid::LogCommPortOpen));
     timSendCR.setEnabled(!state.anyDialogueFlag());
     state.CallActive = true;
     if (state.UcpDialogue) {

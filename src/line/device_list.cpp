@@ -218,13 +218,12 @@ std::int32_t DeviceList::lineTranslateDialog(std::uint32_t device, std::uintptr_
 }
 
 std::int32_t DeviceList::lineConfigProvider(std::uintptr_t, std::uint32_t) {
-    PortsForm form(
-        settings_ ? settings_->GetSetting("Modem", "Ports", portsSetting_) : portsSetting_,
-        detected_);
+    PortsForm form(settings_ ? settings_->Get(key::ModemPorts, portsSetting_) : portsSetting_,
+                   detected_);
     if (!dialogs_ || !dialogs_->EditSerialPorts(form) || form.FirstFault())
         return LINEERR_OPERATIONFAILED;
     portsSetting_ = form.txtPorts.Text;
-    if (settings_) settings_->SaveSetting("Modem", "Ports", portsSetting_);
+    if (settings_) settings_->Save(key::ModemPorts, portsSetting_);
     return 0;
 }
 

@@ -159,9 +159,9 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
         WriteDemoCentre(home.path);
         // The simulated modem is the demo's modem.
         Settings settings(settingsStore, globals.strings.ProductName());
-        settings.SaveSetting("FirstRun", "Modem", "4");
-        settings.SaveSetting("Modem", "Index", "0");
-        settings.SaveSetting("Modem", "Name", SimulatedModem::kLineName);
+        settings.Save(key::FirstRunModem, "4");
+        settings.Save(key::ModemIndex, "0");
+        settings.Save(key::ModemName, SimulatedModem::kLineName);
     }
 
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -180,9 +180,10 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     const QString territory = QLocale::territoryToCode(QLocale::system().territory());
     modemOptions.location =
         LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
-    DeviceList devices(loop, modem, programSettings.GetSetting("Modem", "Ports", ""), modemOptions,
+    DeviceList devices(loop, modem, programSettings.Get(key::ModemPorts), modemOptions,
                        DetectSerialPorts());
     QtDialogueHost dialogues;
+    dialogues.setStrings(&globals.strings);
     // The modem, location and ports dialogs of the telephony calls; they save into the settings.
     QtDeviceDialogs deviceDialogs(dialogues, globals.strings);
     devices.setDeviceDialogs(&deviceDialogs, &programSettings);

@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QProgressBar>
+#include <QPushButton>
 
+#include "core/program.h"
 #include "core/string_ids.h"
 #include "qt/artwork.h"
 #include "qt/qt_text.h"
@@ -109,7 +111,8 @@ void MainWindow::mirrorOnline() {
     const bool online = form_.state.CallActive;
     lblOnline_->setVisible(online);
     const QString picture =
-        online ? kOnlineArtwork[static_cast<std::size_t>(form_.onlineFrame % 4)] : "logo_small";
+        online ? QString(kOnlineArtwork[static_cast<std::size_t>(form_.onlineFrame % 4)])
+               : ToQt(LogoArtwork(form_.globals(), true));
     Picture1_->setPixmap(ArtworkIcon(picture).pixmap(online ? QSize(24, 24) : QSize(72, 24)));
 }
 
@@ -171,6 +174,8 @@ void MainWindow::mirrorNoResponse() {
             QMessageBox::Question, ToQt(caption(sid::TitleFrmNoResponse)),
             ToQt(prompt.Label1 + "\n" + prompt.Label2), QMessageBox::Yes | QMessageBox::No, this);
         frmNoResponse_->setObjectName("frmNoResponse");
+        frmNoResponse_->button(QMessageBox::Yes)->setText(ToQt(caption(sid::ButtonYes)));
+        frmNoResponse_->button(QMessageBox::No)->setText(ToQt(caption(sid::ButtonNo)));
         frmNoResponse_->setAttribute(Qt::WA_DeleteOnClose);
         connect(frmNoResponse_, &QMessageBox::finished, this, [this](int result) {
             if (!form_.frmNoResponse.Visible) return;

@@ -3,8 +3,10 @@
 #include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPushButton>
 #include <cstdio>
 
+#include "core/string_ids.h"
 #include "qt/qt_text.h"
 
 namespace parlane {
@@ -24,6 +26,10 @@ int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::
                                          : QMessageBox::Information);
     if (question) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        if (strings_) {
+            box.button(QMessageBox::Yes)->setText(ToQt(strings_->LoadResString(sid::ButtonYes)));
+            box.button(QMessageBox::No)->setText(ToQt(strings_->LoadResString(sid::ButtonNo)));
+        }
         return box.exec() == QMessageBox::Yes ? AnswerYes : AnswerNo;
     }
     box.setStandardButtons(QMessageBox::Ok);
@@ -37,10 +43,12 @@ std::string QtDialogueHost::inputBox(const std::string& prompt, const std::strin
         std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(), Cp1252ToUtf8(prompt).c_str());
         return {};
     }
-    bool ok = false;
-    const QString answer = QInputDialog::getText(owner_, ToQt(title), ToQt(prompt),
-                                                 QLineEdit::Normal, ToQt(defaultText), &ok);
-    return ok ? FromQt(answer) : std::string{};
+    QInputDialog dialog(owner_);
+    dialog.setWindowTitle(ToQt(title));
+    dialog.setLabelText(ToQt(prompt));
+    dialog.setTextValue(ToQt(defaultText));
+    if (strings_) dialog.setCancelButtonText(ToQt(strings_->LoadResString(sid::ButtonCancel)));
+    return dialog.exec() == QDialog::Accepted ? FromQt(dialog.textValue()) : std::string{};
 }
 
 }  // namespace parlane

@@ -53,11 +53,11 @@ int frmMain::FindName(const std::string& name) const {
 }
 
 bool frmMain::WriteDirectoryFile() {
-    std::string error;
-    const std::string bytes = SerializeDirectoryFile(Directory, error);
-    if (error.empty()) error = WriteFileAtomically(homePath("phones.dat"), bytes);
-    if (error.empty()) return true;
-    ShowStatus(LoadResString(sid::SavingDirectory) + " " + error);
+    std::string tooLong;
+    const std::string bytes = SerializeDirectoryFile(Directory, tooLong);
+    const int error = tooLong.empty() ? ReplaceFile(homePath("phones.dat"), bytes) : EOVERFLOW;
+    if (error == 0) return true;
+    ShowStatus(FailureStatus(error, LoadResString(sid::SavingDirectory)));
     return false;
 }
 
@@ -105,10 +105,9 @@ void frmMain::cmbGroupName_Click() {
     const auto path = groupFile(group);
     const auto bytes = ReadTable(path);
     if (!bytes) {
-        const auto error = WriteFileAtomically(path, {});
-        if (!error.empty()) {
-            setStatusRaw(LoadResString(sid::LoadingWord) + " " + group + " " +
-                         LoadResString(sid::GroupMemberNames) + " " + error);
+        if (const int error = ReplaceFile(path, {})) {
+            setStatusRaw(FailureStatus(error, LoadResString(sid::LoadingWord) + " " + group + " " +
+                                                  LoadResString(sid::GroupMemberNames)));
             return;
         }
     }
@@ -121,20 +120,19 @@ void frmMain::cmbGroupName_Click() {
 void frmMain::SaveGroupMembers() {
     if (lstGroup.ListCount() == 0) return;
     const std::string group = cmbGroupName.Text;
-    std::string error;
-    const std::string bytes = SerializeNameListFile(lstGroup.rows, error);
-    if (error.empty() && GroupNameProblem(group) == 0)
-        error = WriteFileAtomically(groupFile(group), bytes);
-    if (!error.empty())
-        ShowStatus(LoadResString(sid::SavingWord) + " " + group + " " +
-                   LoadResString(sid::GroupListWord) + " " + error);
+    std::string tooLong;
+    const std::string bytes = SerializeNameListFile(lstGroup.rows, tooLong);
+    int error = tooLong.empty() ? 0 : EOVERFLOW;
+    if (error == 0 && GroupNameProblem(group) == 0) error = ReplaceFile(groupFile(group), bytes);
+    if (error)
+        ShowStatus(FailureStatus(error, LoadResString(sid::SavingWord) + " " + group + " " +
+                                            LoadResString(sid::GroupListWord)));
 }
 
-bool frmMain::WriteGroupList() {
-    std::string error;
-    const std::string bytes = SerializeNameListFile(cmbGroupName.rows, error);
-    if (error.empty()) error = WriteFileAtomically(homePath("Data") / "group.dat", bytes);
-    return error.empty();
+int frmMain::WriteGroupList() {
+    std::string tooLong;
+    const std::string bytes = SerializeNameListFile(cmbGroupName.rows, tooLong);
+    return tooLong.empty() ? ReplaceFile(homePath("Data") / "group.dat", bytes) : EOVERFLOW;
 }
 
 bool frmMain::AddGroup(const std::string& name) {
@@ -151,7 +149,8 @@ bool frmMain::AddGroup(const std::string& name) {
         return false;
     }
     cmbGroupName.AddItem(name);
-    if (!WriteGroupList()) ShowStatus(LoadResString(sid::AddingGroupName));
+    if (const int error = WriteGroupList())
+        ShowStatus(FailureStatus(error, LoadResString(sid::AddingGroupName)));
     cmbGroupName.select(std::max(cmbGroupName.FindRow(name), 0));
     cmbGroupName_Click();
     return true;
@@ -165,7 +164,8 @@ void frmMain::DeleteSelectedGroup() {
     cmbGroupName.select(0);
     cmbGroupName_Click();
     if (GroupNameProblem(group) == 0) RemoveFile(groupFile(group));
-    if (!WriteGroupList()) ShowStatus(LoadResString(sid::DeletingGroupName));
+    if (const int error = WriteGroupList())
+        ShowStatus(FailureStatus(error, LoadResString(sid::DeletingGroupName)));
     changed();
 }
 

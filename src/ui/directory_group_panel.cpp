@@ -173,7 +173,7 @@ void frmMain::UseThisGroupList() {
             QueueGroupMessage(members[i]);
         }
     } catch (const std::exception& e) {
-        ShowStatus(LoadResString(sid::QueueingGroupMessages) + " " + e.what());
+        ShowStatus(FailureStatus(ErrorNumberOf(e), LoadResString(sid::QueueingGroupMessages)));
     }
     // A run that dialled meanwhile keeps the commands it took away.
     if (picToolIconsEnabled[2]) SetCallingLook();

@@ -64,8 +64,8 @@ int frmMain::ShowMessageBox(const std::string& prompt, int flags) {
 }
 
 std::string frmMain::DefaultCentre() const {
-    return settings_.GetSetting(
-        "SMSC", "Default", DefaultCentreName(globals_.EditionItaly, globals_.EditionAustralia));
+    return settings_.Get(key::DefaultCentre,
+                         DefaultCentreName(globals_.EditionItaly, globals_.EditionAustralia));
 }
 
 void frmMain::changed() {

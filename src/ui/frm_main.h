@@ -432,7 +432,7 @@ class frmMain {
     bool FillPanelForName(const std::string& name, bool defaultCentreWhenNone);
     void LoadGroups();
     bool WriteDirectoryFile();
-    bool WriteGroupList();
+    int WriteGroupList();  // 0 or errno
     std::filesystem::path groupFile(const std::string& group) const;
     void reportDamage(const std::filesystem::path& file);
     void reportFileProblem(const std::string& text);

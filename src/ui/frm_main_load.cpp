@@ -91,12 +91,12 @@ void frmMain::Form_Load() {
     for (const auto& p : Providers) Services.AddItem(p.ProviderName);
 
     // Step 9.
-    if (auto v = settings_.GetSettingInt("Settings", "MaxDial", 3)) state.MaxDialAttempts = *v;
+    if (auto v = settings_.GetInt(key::MaxDial)) state.MaxDialAttempts = *v;
     if (!Providers.empty()) {
         const int row = Services.ListIndex >= 0 ? Services.ListIndex : 0;
         lblTotal.Caption = "/" + Providers[static_cast<std::size_t>(row)].MaxChars;
     }
-    state.OriginatorId = settings_.GetSetting("Settings", "Originator", "12345");
+    state.OriginatorId = settings_.Get(key::Originator);
 
     // Step 10. The selection sets the limit as a click on the list would.
     SelectDefaultCentre();
@@ -105,8 +105,8 @@ void frmMain::Form_Load() {
     FillCountryBox(Country);
 
     // Step 11.
-    if (auto v = settings_.GetSettingInt("Settings", "MainLeft", 1000)) MainLeft = *v;
-    if (auto v = settings_.GetSettingInt("Settings", "MainTop", 1000)) MainTop = *v;
+    if (auto v = settings_.GetInt(key::MainLeft)) MainLeft = *v;
+    if (auto v = settings_.GetInt(key::MainTop)) MainTop = *v;
 
     // Step 12.
     std::error_code ec;
@@ -115,14 +115,14 @@ void frmMain::Form_Load() {
     RemoveUnfinishedFiles(homePath("SMS") / "Outbox");
 
     // Steps 13 and 14: the optional panels.
-    const auto queueView = settings_.GetSettingInt("Queue", "View", 0);
+    const auto queueView = settings_.GetInt(key::QueueView);
     mnuViewQueue.Checked = queueView && *queueView == 1;
-    const auto groupView = settings_.GetSettingInt("Group", "View", 0);
+    const auto groupView = settings_.GetInt(key::GroupView);
     mnuGroup.Checked = groupView && *groupView == 1;
     ApplyPanelLayout();
 
     // Step 15.
-    if (auto v = settings_.GetSettingInt("Settings", "Timeout", 30)) ResponseTimeoutSecs = *v;
+    if (auto v = settings_.GetInt(key::Timeout)) ResponseTimeoutSecs = *v;
 
     // Steps 16 and 17.
     LoadDirectory();
@@ -139,7 +139,7 @@ void frmMain::Form_Load() {
     FirstRunModemCheck();
 
     // Step 22.
-    const auto tools = settings_.GetSettingInt("Settings", "Tools", 1);
+    const auto tools = settings_.GetInt(key::Tools);
     mnuTools.Checked = tools && *tools == 1;
     if (mnuTools.Checked) ShowForm("frmToolWindow");
 
@@ -178,11 +178,11 @@ void frmMain::ShowModemChoice() {
 // Until a modem has been chosen, and whenever the chosen one is no longer where it was, the
 // choice comes up.
 void frmMain::FirstRunModemCheck() {
-    const auto firstRun = settings_.GetSettingInt("FirstRun", "Modem", 0);
+    const auto firstRun = settings_.GetInt(key::FirstRunModem);
     const bool chosen = firstRun && *firstRun == 4;
     if (!chosen) ShowModemChoice();
-    const auto index = settings_.GetSettingInt("Modem", "Index", 0);
-    const std::string name = settings_.GetSetting("Modem", "Name", "");
+    const auto index = settings_.GetInt(key::ModemIndex);
+    const std::string name = settings_.Get(key::ModemName);
     if (!chosen) return;
     tapi.FillDeviceList(cboTapiDevice);
     if (cboTapiDevice.ListCount() == 0) return;
@@ -196,8 +196,8 @@ void frmMain::Form_QueryUnload() {
 
 void frmMain::Form_Unload() {
     if (!minimised) {
-        settings_.SaveSetting("Settings", "MainLeft", std::to_string(MainLeft));
-        settings_.SaveSetting("Settings", "MainTop", std::to_string(MainTop));
+        settings_.Save(key::MainLeft, std::to_string(MainLeft));
+        settings_.Save(key::MainTop, std::to_string(MainTop));
     }
     EndCallForExit();
     platform_.serial.CloseCommunicationsPort();

@@ -13,10 +13,6 @@ namespace {
 constexpr int kNoteTips[frmToolWindow::kNotes] = {sid::TipNote1, sid::TipNote2, sid::TipNote3,
                                                   sid::TipNote4, sid::TipNote5, sid::TipNote6};
 
-std::string NoteKey(const char* prefix, int n) {
-    return prefix + std::to_string(n);
-}
-
 }  // namespace
 
 void frmToolWindow::Form_Load() {
@@ -28,7 +24,7 @@ void frmToolWindow::Form_Load() {
     mnuEdit.Caption = main_.LoadResString(sid::MenuSettings);
     mnuSig.Caption = main_.LoadResString(sid::MenuSig);
     for (int n = 1; n <= kNotes; ++n) {
-        const std::string name = main_.settings().GetSetting("Texts", NoteKey("Name", n), "");
+        const std::string name = main_.settings().Get(key::TextName(n));
         if (!name.empty()) ShowNoteName(n, name);
     }
 }
@@ -40,13 +36,11 @@ void frmToolWindow::ShowNoteName(int n, const std::string& name) {
 
 std::string frmToolWindow::IconText(int index) {
     const Settings& settings = main_.settings();
-    if (index >= 0 && index < kNotes)
-        return settings.GetSetting("Texts", NoteKey("Note", index + 1), "");
+    if (index >= 0 && index < kNotes) return settings.Get(key::TextNote(index + 1));
     const WallClockMs now = main_.platform().loop.wallClock();
     switch (index) {
         case kSignatureIcon:
-            return settings.GetSetting("Texts", "Signature",
-                                       main_.LoadResString(sid::DefaultSignature));
+            return settings.Get(key::Signature, main_.LoadResString(sid::DefaultSignature));
         case kTimeIcon:
             return main_.platform().formats.shortTime(now);
         case kDateIcon:
@@ -74,8 +68,8 @@ void frmToolWindow::mnuSig_Click() {
     auto& settings = main_.settings();
     const std::string answer = main_.platform().dialogues.inputBox(
         main_.LoadResString(sid::EnterSignature), main_.globals().strings.ProductName(),
-        settings.GetSetting("Texts", "Signature", main_.LoadResString(sid::DefaultSignature)));
-    if (!answer.empty()) settings.SaveSetting("Texts", "Signature", answer);
+        settings.Get(key::Signature, main_.LoadResString(sid::DefaultSignature)));
+    if (!answer.empty()) settings.Save(key::Signature, answer);
 }
 
 void frmToolWindow::mnuNote_Click(int n) {
@@ -84,16 +78,14 @@ void frmToolWindow::mnuNote_Click(int n) {
     auto& dialogues = main_.platform().dialogues;
     const std::string title = main_.globals().strings.ProductName();
     const std::string number = " " + std::to_string(n);
-    const std::string text =
-        dialogues.inputBox(main_.LoadResString(sid::EnterNoteText) + number, title,
-                           settings.GetSetting("Texts", NoteKey("Note", n), ""));
+    const std::string text = dialogues.inputBox(main_.LoadResString(sid::EnterNoteText) + number,
+                                                title, settings.Get(key::TextNote(n)));
     if (text.empty()) return;
-    settings.SaveSetting("Texts", NoteKey("Note", n), text);
-    const std::string name =
-        dialogues.inputBox(main_.LoadResString(sid::EnterNoteName) + number, title,
-                           settings.GetSetting("Texts", NoteKey("Name", n), ""));
+    settings.Save(key::TextNote(n), text);
+    const std::string name = dialogues.inputBox(main_.LoadResString(sid::EnterNoteName) + number,
+                                                title, settings.Get(key::TextName(n)));
     if (name.empty()) return;
-    settings.SaveSetting("Texts", NoteKey("Name", n), name);
+    settings.Save(key::TextName(n), name);
     ShowNoteName(n, name);
 }
 

@@ -68,7 +68,7 @@ void frmMain::ChooseLanguage(MenuItem& item, int offset) {
     const std::string after = globals_.strings.ProductName();
     CarrySettingsOver(platform_.settingsStore, before, after);
     settings_.setApplication(after);
-    settings_.SaveSetting("Language", "Default", std::to_string(offset));
+    settings_.Save(key::LanguageDefault, std::to_string(offset));
     LoadFormCaptions();
     DebugForm.LoadFormCaptions();
     // The standard-texts window loads its texts again in the new language.
@@ -83,21 +83,21 @@ void frmMain::ApplyPanelLayout() {
 
 void frmMain::mnuViewQueue_Click() {
     mnuViewQueue.Checked = !mnuViewQueue.Checked;
-    settings_.SaveSetting("Queue", "View", mnuViewQueue.Checked ? "1" : "0");
+    settings_.Save(key::QueueView, mnuViewQueue.Checked ? "1" : "0");
     ApplyPanelLayout();
     changed();
 }
 
 void frmMain::mnuGroup_Click() {
     mnuGroup.Checked = !mnuGroup.Checked;
-    settings_.SaveSetting("Group", "View", mnuGroup.Checked ? "1" : "0");
+    settings_.Save(key::GroupView, mnuGroup.Checked ? "1" : "0");
     ApplyPanelLayout();
     changed();
 }
 
 void frmMain::mnuTools_Click() {
     mnuTools.Checked = !mnuTools.Checked;
-    settings_.SaveSetting("Settings", "Tools", mnuTools.Checked ? "1" : "0");
+    settings_.Save(key::Tools, mnuTools.Checked ? "1" : "0");
     if (mnuTools.Checked)
         ShowForm("frmToolWindow");
     else if (unloadForm)
@@ -131,12 +131,11 @@ void Open(frmMain& form, const std::string& target) {
 }  // namespace
 
 void frmMain::mnuSupportInternet_Click() {
-    Open(*this, settings_.GetSetting("URL", "WebSupport", "https://parlane.invalid/"));
+    Open(*this, settings_.Get(key::WebSupport));
 }
 
 void frmMain::mnuSupportEmail_Click() {
-    Open(*this, "mailto:" + settings_.GetSetting("URL", "EmailSupport", "support@parlane.invalid") +
-                    "?subject=" + ReferenceCode);
+    Open(*this, "mailto:" + settings_.Get(key::EmailSupport) + "?subject=" + ReferenceCode);
 }
 
 void frmMain::mnuInternet_Click() {

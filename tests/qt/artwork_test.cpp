@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QTest>
 
+#include "core/program.h"
 #include "core/strings.h"
 #include "qt/qt_text.h"
 #include "qt/toolbar_widget.h"
@@ -40,6 +41,19 @@ TEST(Artwork, EveryDrawingRendersAndEveryNameUsedExists) {
     for (const char* name : {"stop_disabled", "logo", "logo_small", "parlane", "web", "mail"})
         used.push_back(name);
     for (const char* name : used) EXPECT_TRUE(QFile::exists(ArtworkPath(name))) << name;
+    // A logo for every edition, in the plain and the branded bank, at both sizes.
+    for (const int version : {0, 1, 2}) {
+        ProgramGlobals g;
+        g.EditionItaly = version == 1;
+        g.EditionAustralia = version == 2;
+        for (const int offset : {0, 1000, 3000}) {
+            g.strings.LanguageOffset = static_cast<std::int16_t>(offset);
+            for (const bool small : {false, true}) {
+                const std::string name = LogoArtwork(g, small);
+                EXPECT_TRUE(QFile::exists(ArtworkPath(ToQt(name)))) << name;
+            }
+        }
+    }
 }
 
 TEST(Artwork, ManualIsCopiedOutWithItsPictures) {

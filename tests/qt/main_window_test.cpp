@@ -12,6 +12,7 @@
 #include <QTest>
 
 #include "line/sim/simulated_modem.h"
+#include "qt/dialogs/line_option_dialogs.h"
 #include "qt/qt_event_loop.h"
 #include "support/test_platform.h"
 
@@ -110,12 +111,19 @@ TEST(MainWindowPanels, MenuTogglesGrowTheWindowByThePanels) {
     EXPECT_FALSE(window.findChild<QWidget*>("fraGroup")->isVisible());
 }
 
-TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindow) {
+TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindows) {
     TestPlatform p;
     auto& form = p.load();
     MainWindow window(form);
     window.show();
+    ASSERT_NE(window.findChild<QWidget*>("frmToolWindow"), nullptr);
     window.action("mnuGerman")->trigger();
+    // The standard texts at once, a dialogue when it is next opened.
+    const auto tools = window.findChildren<QWidget*>("frmToolWindow");
+    ASSERT_EQ(tools.size(), 1);
+    EXPECT_EQ(tools[0]->windowTitle(), QString("Standardtexte"));
+    EXPECT_TRUE(tools[0]->isVisible());
+    EXPECT_EQ(DialDialog(&window, form).windowTitle(), QString("Wählversuche"));
     EXPECT_EQ(window.action("mnuFile")->text(), "&Datei");
     EXPECT_EQ(window.action("mnuExit")->text(), "&Beenden");
     EXPECT_TRUE(window.action("mnuGerman")->isChecked());

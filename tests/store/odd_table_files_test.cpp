@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <chrono>
+#include <cstring>
 #include <fstream>
 #include <random>
 
@@ -78,6 +80,41 @@ TEST(OddTableFiles, AreSetAsideAndTheStartGoesOn) {
             EXPECT_EQ(f.cmbGroupName.FindRow("Friends") >= 0, table != "Data/group.dat") << context;
             EXPECT_EQ(UpperBound(f.QueueBuffer), table == "queue.dat" ? 0 : 1) << context;
         }
+    }
+}
+
+// A table that cannot be rewritten says so as the error's number, the action and the system's
+// words, and the program goes on with what it holds.
+TEST(TableWriteFailures, ShowTheErrorNumberTheActionAndTheSystemsDescription) {
+    const std::string isDirectory = std::to_string(EISDIR) + " %s " + std::strerror(EISDIR) + "  ";
+    struct Case {
+        const char* table;
+        const char* action;
+        std::function<void(frmMain&)> change;
+    } cases[] = {
+        {"phones.dat", "Saving SMS Telephone Directory",
+         [](frmMain& f) {
+             f.SaveDirectoryEntry(DirectoryEntry{"Bea", "44", "07", "99", "Alpha"});
+         }},
+        {"Data/group.dat", "Adding Group Name", [](frmMain& f) { f.AddGroup("Club"); }},
+        {"Data/Friends.dat", "Saving Friends Group List",
+         [](frmMain& f) {
+             f.cmbGroupName.select(f.cmbGroupName.FindRow("Friends"));
+             f.lstGroup.AddItem("Ann");
+             f.SaveGroupMembers();
+         }},
+        {"smsc.dat", "Saving Service Centres", [](frmMain& f) { f.SaveProviders(); }},
+    };
+    for (const auto& c : cases) {
+        TestPlatform p;
+        WriteGoodTables(p);
+        auto& f = p.load();
+        std::filesystem::remove(p.home / c.table);
+        std::filesystem::create_directories(p.home / c.table / "in the way");
+        c.change(f);
+        std::string expected = isDirectory;
+        expected.replace(expected.find("%s"), 2, c.action);
+        EXPECT_EQ(f.lblInfo.Caption, expected) << c.table;
     }
 }
 

@@ -75,6 +75,7 @@ TEST(Language, LeavingTheBrandedBankMovesToTheSettingsFileOfTheNewName) {
     p.settings.write("Tonebridge", "Settings", "MaxDial", "5");
     p.settings.write("Tonebridge", "Settings", "Timeout", "45");
     p.settings.write("Parlane", "Settings", "Timeout", "60");
+    p.settings.write("Tonebridge", "Location", "AreaCode", "212");
     auto& f = p.load();
     EXPECT_EQ(f.Caption, "Tonebridge");
     EXPECT_EQ(f.mnuSMSC.Caption, "Service &Centers");
@@ -84,6 +85,7 @@ TEST(Language, LeavingTheBrandedBankMovesToTheSettingsFileOfTheNewName) {
     EXPECT_EQ(p.settings.read("Parlane", "Settings", "MaxDial"), "5");
     EXPECT_EQ(p.settings.read("Parlane", "Settings", "Timeout"), "60");
     EXPECT_EQ(p.settings.read("Tonebridge", "Settings", "MaxDial"), "5");
+    EXPECT_EQ(p.settings.read("Parlane", "Location", "AreaCode"), "212");
     f.mnuGroup_Click();
     EXPECT_EQ(p.settings.read("Parlane", "Group", "View"), "1");
     EXPECT_FALSE(p.settings.read("Tonebridge", "Group", "View"));

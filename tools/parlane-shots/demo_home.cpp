@@ -45,11 +45,11 @@ void PrepareDemoHome(const std::filesystem::path& home, Settings& settings) {
                                DemoCentre(kUcpCentre, "100101", ProtocolUcp),
                                DemoCentre("Demo Vodafone Menu", "100102", ProtocolVoda)},
                               error));
-    settings.SaveSetting("FirstRun", "Modem", "4");
-    settings.SaveSetting("Modem", "Index", "0");
-    settings.SaveSetting("Modem", "Name", SimulatedModem::kLineName);
-    settings.SaveSetting("SMSC", "Default", kTapCentre);
-    settings.SaveSetting("Settings", "Tools", "0");  // its own picture is taken on its own
+    settings.Save(key::FirstRunModem, "4");
+    settings.Save(key::ModemIndex, "0");
+    settings.Save(key::ModemName, SimulatedModem::kLineName);
+    settings.Save(key::DefaultCentre, kTapCentre);
+    settings.Save(key::Tools, "0");  // its own picture is taken on its own
 }
 
 void FillDemoWindow(frmMain& form) {

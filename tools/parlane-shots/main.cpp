@@ -10,6 +10,8 @@
 #include <QTreeWidget>
 #include <cstdio>
 #include <functional>
+#include <map>
+#include <string>
 
 #include "config/frm_first_centre.h"
 #include "core/file_io.h"
@@ -42,6 +44,7 @@ namespace parlane {
 namespace {
 
 QString outDir;
+QString nameSuffix;  // "-de" and the like when a language other than English was asked for
 int failures = 0;
 bool expectModal = false;  // a modal dialogue is open on purpose
 
@@ -66,10 +69,10 @@ bool WaitFor(const std::function<bool()>& done, int timeoutMs) {
 }
 
 void Save(QWidget& window, const QString& name) {
-    const QString path = outDir + "/" + name + ".png";
+    const QString path = outDir + "/" + name + nameSuffix + ".png";
     const bool saved = window.grab().save(path, "PNG", 0);  // 0: the smallest file
     if (!saved) ++failures;
-    std::printf("%-26s %4dx%-4d %s\"%s\"\n", qPrintable(name + ".png"), window.width(),
+    std::printf("%-26s %4dx%-4d %s\"%s\"\n", qPrintable(name + nameSuffix + ".png"), window.width(),
                 window.height(), saved ? "" : "NOT SAVED ", qPrintable(window.windowTitle()));
 }
 
@@ -163,7 +166,7 @@ void ShootDialogues(MainWindow& window, frmMain& form, QtDialogueHost& dialogues
         files.isEmpty() ? std::string()
                         : ReadWholeFile(outbox.filePath(files.first()).toStdString()).value_or("");
     ShootModal("frmOpen", [&] { ShowOpenMessageWindow(&window, form, content); });
-    form.settings().SaveSetting("Settings", "FirstEdit", "1");
+    form.settings().Save(key::FirstEdit, "1");
     ShootModal("frmSMSCEdit", [&form] { form.mnuNewSMSC_Click(); });
     for (const auto& [centre, name] : {std::pair{"Demo TAP Centre", "frmSMSCEdit-edit"},
                                        {"Demo UCP Centre", "frmSMSCEdit-ucp"}}) {
@@ -241,12 +244,21 @@ void ShootDialogues(MainWindow& window, frmMain& form, QtDialogueHost& dialogues
 
 int Run(int argc, char** argv) {
     QApplication app(argc, argv);
-    if (argc != 2) {
-        std::fputs("usage: parlane-shots FOLDER   (needs a display; see scripts/screenshots.sh)\n",
-                   stderr);
+    // The bank of each language the pictures can be taken in.
+    const std::map<std::string, int> kLanguages = {
+        {"en", 0}, {"en_US", 1000}, {"it", 2000}, {"de", 3000}, {"fr", 4000}};
+    int offset = 0;
+    if (argc == 4 && std::string(argv[1]) == "--language" && kLanguages.count(argv[2])) {
+        offset = kLanguages.at(argv[2]);
+        if (offset != 0) nameSuffix = QString("-") + argv[2];
+    } else if (argc != 2) {
+        std::fputs(
+            "usage: parlane-shots [--language en|en_US|it|de|fr] FOLDER\n"
+            "       (needs a display; see scripts/screenshots.sh)\n",
+            stderr);
         return 1;
     }
-    outDir = QString::fromLocal8Bit(argv[1]);
+    outDir = QString::fromLocal8Bit(argv[argc - 1]);
     QDir().mkpath(outDir);
     // A fixed place, so that the paths the dialogues show are the same at every run.
     QDir homeDir(QDir::tempPath() + "/parlane-demo");
@@ -255,6 +267,8 @@ int Run(int argc, char** argv) {
     const std::filesystem::path home = PathFromQt(homeDir.path());
 
     QtSettingsStore settingsStore(homeDir.path());
+    Settings(settingsStore, Strings{}.ProductName())
+        .Save(key::LanguageDefault, std::to_string(offset));
     ProgramGlobals globals = ReadProgramGlobals(settingsStore);
     Settings settings(settingsStore, globals.strings.ProductName());
     PrepareDemoHome(home, settings);
@@ -267,6 +281,7 @@ int Run(int argc, char** argv) {
     modemOptions.location = DefaultDiallingLocation("GB");
     DeviceList devices(loop, modem, "", modemOptions, {});
     QtDialogueHost dialogues;
+    dialogues.setStrings(&globals.strings);
     QtDeviceDialogs deviceDialogs(dialogues, globals.strings);
     devices.setDeviceDialogs(&deviceDialogs, &settings);
     QtRegionalFormats formats;

@@ -6,8 +6,6 @@
 namespace parlane {
 namespace {
 
-const char* const kSection = "Location";
-
 // Keeps what a Hayes dial string understands; blanks, brackets, dashes and the rest go.
 std::string DialCharacters(const std::string& text) {
     std::string out;
@@ -99,24 +97,23 @@ std::string TranslateCanonicalAddress(const std::string& canonical, const Dialli
 
 DiallingLocation LoadDiallingLocation(const Settings& settings, const DiallingLocation& defaults) {
     DiallingLocation location;
-    location.countryCode = settings.GetSetting(kSection, "CountryCode", defaults.countryCode);
-    location.areaCode = settings.GetSetting(kSection, "AreaCode", defaults.areaCode);
-    location.outsideLine = settings.GetSetting(kSection, "OutsideLine", defaults.outsideLine);
-    location.nationalPrefix =
-        settings.GetSetting(kSection, "NationalPrefix", defaults.nationalPrefix);
+    location.countryCode = settings.Get(key::CountryCode, defaults.countryCode);
+    location.areaCode = settings.Get(key::AreaCode, defaults.areaCode);
+    location.outsideLine = settings.Get(key::OutsideLine, defaults.outsideLine);
+    location.nationalPrefix = settings.Get(key::NationalPrefix, defaults.nationalPrefix);
     location.internationalPrefix =
-        settings.GetSetting(kSection, "InternationalPrefix", defaults.internationalPrefix);
-    location.tone = ParseTone(settings.GetSetting(kSection, "Tone", ""), defaults.tone);
+        settings.Get(key::InternationalPrefix, defaults.internationalPrefix);
+    location.tone = ParseTone(settings.Get(key::Tone, ""), defaults.tone);
     return location;
 }
 
 void SaveDiallingLocation(Settings& settings, const DiallingLocation& location) {
-    settings.SaveSetting(kSection, "CountryCode", location.countryCode);
-    settings.SaveSetting(kSection, "AreaCode", location.areaCode);
-    settings.SaveSetting(kSection, "OutsideLine", location.outsideLine);
-    settings.SaveSetting(kSection, "NationalPrefix", location.nationalPrefix);
-    settings.SaveSetting(kSection, "InternationalPrefix", location.internationalPrefix);
-    settings.SaveSetting(kSection, "Tone", location.tone ? "1" : "0");
+    settings.Save(key::CountryCode, location.countryCode);
+    settings.Save(key::AreaCode, location.areaCode);
+    settings.Save(key::OutsideLine, location.outsideLine);
+    settings.Save(key::NationalPrefix, location.nationalPrefix);
+    settings.Save(key::InternationalPrefix, location.internationalPrefix);
+    settings.Save(key::Tone, location.tone ? "1" : "0");
 }
 
 DiallingLocation DefaultDiallingLocation(const std::string& localeCountry) {

@@ -23,6 +23,7 @@
 #include <QToolBar>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "archive/frm_folders.h"
 #include "archive/frm_open.h"
@@ -151,7 +152,11 @@ class FoldersWindow : public QDialog {
         model_.Form_Load();
         build();
         fillTree();
-        resize(760, 480);
+        // The root's name runs long in some languages: its pane takes the width it needs.
+        tree_->resizeColumnToContents(0);
+        const int treeWidth = std::max(180, tree_->columnWidth(0) + 2 * tree_->frameWidth());
+        split_->setSizes({treeWidth, 580});
+        resize(treeWidth + 580, 480);
     }
 
   private:
@@ -183,7 +188,7 @@ class FoldersWindow : public QDialog {
                          &QDialog::accept);
         layout->addWidget(tools);
 
-        auto* split = new QSplitter(this);
+        auto* split = split_ = new QSplitter(this);
         tree_ = new FolderTree(model_, split);
         tree_->setObjectName("tvwView");
         tree_->setHeaderHidden(true);
@@ -265,7 +270,6 @@ class FoldersWindow : public QDialog {
         right->setStretchFactor(0, 1);
         right->setSizes({330, 110});
         split->setStretchFactor(1, 1);
-        split->setSizes({180, 580});
         layout->addWidget(split, 1);
     }
 
@@ -336,6 +340,7 @@ class FoldersWindow : public QDialog {
         name->setObjectName("txtName");
         layout->addWidget(name);
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+        buttons->button(QDialogButtonBox::Cancel)->setText(Bank(main_, sid::ButtonCancel));
         layout->addWidget(buttons);
         connect(buttons, &QDialogButtonBox::accepted, &dialog, [&] {
             add.txtName = FromQt(name->text());
@@ -370,6 +375,7 @@ class FoldersWindow : public QDialog {
         auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         auto* ok = buttons->button(QDialogButtonBox::Ok);
         ok->setObjectName("cmdOK");
+        buttons->button(QDialogButtonBox::Cancel)->setText(Bank(main_, sid::ButtonCancel));
         ok->setEnabled(false);
         layout->addWidget(buttons);
         const auto nodeOf = [](QTreeWidgetItem* item) {
@@ -399,6 +405,7 @@ class FoldersWindow : public QDialog {
     frmFolders model_;
     MessageListModel list_;
     FolderTree* tree_ = nullptr;
+    QSplitter* split_ = nullptr;
     MessageTable* table_ = nullptr;
     QPlainTextEdit* preview_ = nullptr;
     bool filling_ = false;

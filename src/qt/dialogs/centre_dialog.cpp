@@ -54,8 +54,7 @@ void ShowCentreEditDialog(QWidget* owner, frmSMSCEdit& model) {
     for (auto [edit, hint] : {std::pair{txtCountryCode, &model.CountryCodeHint},
                               {txtAreaCode, &model.AreaCodeHint},
                               {txtNumber, &model.NumberHint}}) {
-        edit->setPlaceholderText(ToQt(*hint));
-        edit->setToolTip(ToQt(*hint));
+        SetHint(edit, *hint);
     }
     auto* txtProviderMaxChars = LineEdit("txtProviderMaxChars", &dialog);
     std::array<QRadioButton*, frmSMSCEdit::kProtocols> optProtocol{};

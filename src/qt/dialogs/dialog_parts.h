@@ -19,6 +19,16 @@ inline QLineEdit* LineEdit(const char* name, QWidget* parent) {
     return edit;
 }
 
+// A field that says what it holds until something is typed; it is never narrower than that
+// saying, which runs longer in some languages.
+inline void SetHint(QLineEdit* edit, const std::string& hint) {
+    edit->setPlaceholderText(ToQt(hint));
+    edit->setToolTip(ToQt(hint));
+    const QMargins margins = edit->textMargins();
+    edit->setMinimumWidth(edit->fontMetrics().horizontalAdvance(edit->placeholderText()) +
+                          margins.left() + margins.right() + 12);
+}
+
 inline QComboBox* ListBox(const char* name, QWidget* parent) {
     auto* box = new QComboBox(parent);
     box->setObjectName(name);

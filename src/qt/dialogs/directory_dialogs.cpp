@@ -34,8 +34,7 @@ void ShowDirectoryAddDialog(QWidget* owner, frmDirectoryAdd& model) {
                               {txtCountryCode, &model.CountryCodeHint},
                               {txtAreaCode, &model.AreaCodeHint},
                               {txtNumber, &model.NumberHint}}) {
-        edit->setPlaceholderText(ToQt(*hint));
-        edit->setToolTip(ToQt(*hint));
+        SetHint(edit, *hint);
     }
     Country->setPlaceholderText(ToQt(model.CountryHint));
     Country->setToolTip(ToQt(model.CountryHint));

@@ -34,7 +34,7 @@ SplashWindow::SplashWindow(QWidget* owner, const ProgramGlobals& globals, frmMai
     box->setContentsMargins(24, 20, 24, 16);
     auto* logo = new QLabel(this);
     logo->setObjectName("Image2");
-    logo->setPixmap(ArtworkIcon("logo").pixmap(QSize(280, 90)));
+    logo->setPixmap(ArtworkIcon(ToQt(LogoArtwork(globals, false))).pixmap(QSize(280, 90)));
     logo->setAlignment(Qt::AlignCenter);
     auto* version = new QLabel(
         ToQt(globals.strings.LoadResString(sid::VersionWord) + " " + VersionText()), this);
