@@ -170,5 +170,26 @@ TEST(CommandLine, StartEndsByItselfAfterACallOrStaysOpenWaitingForOne) {
     }
 }
 
+// A call that comes and goes between two 5 s ticks is never seen: the start stays open.
+TEST(CommandLine, ACallShorterThanATickGoesUnseen) {
+    TestPlatform p;
+    p.writeProviders({MakeProvider("Alpha")});
+    p.writeDirectory({{"Ann", "44", "07700", "900123", "Alpha"}});
+    p.line.autoConnectMs = 200;
+    p.line.farEndHangUpAfterMs = 300;
+    auto& f = p.load();
+    bool exited = false, online = false;
+    f.onExit = [&] { exited = true; };
+    f.HandleCommandLine("Ann hello");
+    p.loop.setRunUntilLimit(std::chrono::minutes(10));
+    p.loop.runUntil([&] {
+        online = online || f.state.CallActive;
+        return exited;
+    });
+    EXPECT_TRUE(online);
+    EXPECT_FALSE(exited);
+    EXPECT_TRUE(f.tmrCommandLine.Enabled());
+}
+
 }  // namespace
 }  // namespace parlane
