@@ -23,6 +23,17 @@ struct LoopbackCentre::Tls {
     }
 };
 
+bool LoopbackCentre::Available(const std::string& address) {
+    if (address.find(':') == std::string::npos) return true;
+    const int fd = socket(AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in6 a{};
+    a.sin6_family = AF_INET6;
+    a.sin6_addr = in6addr_loopback;
+    const bool bound = fd >= 0 && bind(fd, reinterpret_cast<sockaddr*>(&a), sizeof a) == 0;
+    if (fd >= 0) close(fd);
+    return bound;
+}
+
 LoopbackCentre::LoopbackCentre(Options options) : options_(std::move(options)) {
     const bool v6 = options_.address.find(':') != std::string::npos;
     listen_ = socket(v6 ? AF_INET6 : AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);

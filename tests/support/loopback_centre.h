@@ -27,6 +27,8 @@ class LoopbackCentre : private CentreLink {
         std::size_t resetAfterBytes = 0;  // 0: never
     };
     explicit LoopbackCentre(Options options);
+    // False on a machine whose loopback lacks this address family (IPv6 turned off).
+    static bool Available(const std::string& address);
     ~LoopbackCentre() override;
     LoopbackCentre(const LoopbackCentre&) = delete;
     LoopbackCentre& operator=(const LoopbackCentre&) = delete;
