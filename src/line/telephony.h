@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace parlane {
@@ -52,6 +53,26 @@ struct LineDevCaps {
     std::uint32_t dwMediaModes = 0;
     std::uint32_t dwMonitorDigitModes = 0;
 };
+
+// A provider of one data-modem line (device 0): its version is whatever it is offered, and its
+// capabilities differ only in their texts.
+inline std::int32_t NegotiateOneDevice(std::uint32_t device, std::uint32_t high,
+                                       std::uint32_t& version) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    version = high;
+    return 0;
+}
+inline std::int32_t OneDataModemCaps(std::uint32_t device, LineDevCaps& caps,
+                                     std::string providerInfo, std::string lineName) {
+    if (device != 0) return LINEERR_BADDEVICEID;
+    caps.dwUsedSize = 240;
+    caps.providerInfo = std::move(providerInfo);
+    caps.lineName = std::move(lineName);
+    caps.dwStringFormat = STRINGFORMAT_ASCII;
+    caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
+    caps.dwMonitorDigitModes = 0;
+    return 0;
+}
 
 using LineCallbackFunction =
     std::function<void(std::uint32_t hDevice, std::uint32_t dwMessage, std::uint32_t dwInstance,

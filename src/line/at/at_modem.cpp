@@ -164,20 +164,12 @@ std::int32_t AtModem::lineShutdown() {
 
 std::int32_t AtModem::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t,
                                               std::uint32_t high, std::uint32_t& version) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    version = high;
-    return 0;
+    return NegotiateOneDevice(device, high, version);
 }
 
 std::int32_t AtModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    caps.dwUsedSize = 240;
-    caps.providerInfo = "Parlane AT modem on " + options_.devicePath;
-    caps.lineName = options_.lineName.empty() ? options_.devicePath : options_.lineName;
-    caps.dwStringFormat = STRINGFORMAT_ASCII;
-    caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
-    caps.dwMonitorDigitModes = 0;
-    return 0;
+    return OneDataModemCaps(device, caps, "Parlane AT modem on " + options_.devicePath,
+                            options_.lineName.empty() ? options_.devicePath : options_.lineName);
 }
 
 std::int32_t AtModem::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {

@@ -23,20 +23,11 @@ std::int32_t SimulatedModem::lineShutdown() {
 
 std::int32_t SimulatedModem::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t,
                                                      std::uint32_t high, std::uint32_t& version) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    version = high;
-    return 0;
+    return NegotiateOneDevice(device, high, version);
 }
 
 std::int32_t SimulatedModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    caps.dwUsedSize = 240;
-    caps.providerInfo = "Parlane simulated modem";
-    caps.lineName = kLineName;
-    caps.dwStringFormat = STRINGFORMAT_ASCII;
-    caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
-    caps.dwMonitorDigitModes = 0;
-    return 0;
+    return OneDataModemCaps(device, caps, "Parlane simulated modem", kLineName);
 }
 
 std::int32_t SimulatedModem::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {

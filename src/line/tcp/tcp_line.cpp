@@ -268,20 +268,11 @@ std::int32_t TcpLine::lineShutdown() {
 
 std::int32_t TcpLine::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_t,
                                               std::uint32_t high, std::uint32_t& version) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    version = high;
-    return 0;
+    return NegotiateOneDevice(device, high, version);
 }
 
 std::int32_t TcpLine::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
-    if (device != 0) return LINEERR_BADDEVICEID;
-    caps.dwUsedSize = 240;
-    caps.providerInfo = "Parlane internet line (TCP, TLS)";
-    caps.lineName = kLineName;
-    caps.dwStringFormat = STRINGFORMAT_ASCII;
-    caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
-    caps.dwMonitorDigitModes = 0;
-    return 0;
+    return OneDataModemCaps(device, caps, "Parlane internet line (TCP, TLS)", kLineName);
 }
 
 std::int32_t TcpLine::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {
