@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "line/modem_config.h"
-#include "line/tapi_text.h"
 
 namespace parlane {
 namespace {
@@ -32,7 +31,7 @@ void ReadDevConfig(TAPISubs& tapi, std::uint32_t device, DevConfigEditor& editor
     PutDword(first, kFirstPassSize);
     const auto result = tapi.lineGetDevConfig(device, first);
     if (result != 0) {
-        log.AppendLog(TapiErrorText(result) + " - lineGetDevConfig");
+        log.AppendLog(tapi.ErrorText(result) + " - lineGetDevConfig");
         return;
     }
     log.AppendLog("Success! - lineGetDevConfig");
@@ -43,7 +42,7 @@ void ReadDevConfig(TAPISubs& tapi, std::uint32_t device, DevConfigEditor& editor
     PutDword(block, needed);
     const auto second = tapi.lineGetDevConfig(device, block);
     if (second != 0) {
-        log.AppendLog(TapiErrorText(second) + " - lineGetDevConfig");
+        log.AppendLog(tapi.ErrorText(second) + " - lineGetDevConfig");
     } else {
         log.AppendLog("Success! - lineGetDevConfig");
         // A block too big for the first pass has its size only now; one that fitted reads the
@@ -65,7 +64,7 @@ void EditDevConfig(TAPISubs& tapi, const ListControl& cboTapiDevice, std::uintpt
         static_cast<std::uint32_t>(cboTapiDevice.ListIndex), owner, editor.EditorDevConfig, output);
     auto& log = tapi.debugLog();
     if (result != 0) {
-        log.AppendLog(TapiErrorText(result) + " - lineGetDevConfigEdit");
+        log.AppendLog(tapi.ErrorText(result) + " - lineGetDevConfigEdit");
         return;
     }
     log.AppendLog("Success! - lineGetDevConfigEdit");

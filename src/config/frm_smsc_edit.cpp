@@ -84,7 +84,7 @@ void frmSMSCEdit::ProviderAdd(int index) {
     const auto result = main_.tapi.tapiGetLocationInfo(country, city);
     auto& log = main_.tapi.debugLog();
     if (result < 0) {
-        log.AppendLog(TapiErrorText(result) + " - TapiGetLocationInfo");
+        log.AppendLog(main_.tapi.ErrorText(result) + " - TapiGetLocationInfo");
         country.clear();
         city.clear();
     } else {

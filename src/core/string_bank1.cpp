@@ -376,7 +376,6 @@ constexpr std::array kBank1 = {
     BankString{sid::ChoiceOdd, "Odd"},
     BankString{sid::ChoiceHardware, "Hardware (RTS/CTS)"},
     BankString{sid::LabelOnline, "Online"},
-    BankString{sid::WindowNotAvailable, "This window is not available in this version"},
     BankString{sid::FolderNameNotAllowed,
                "This name cannot be used for a Folder. Please choose a name without / \\ or "
                "control characters that does not begin with a dot"},
@@ -437,6 +436,10 @@ constexpr std::array kBank1 = {
     BankString{sid::ChoiceOff, "Off"},
     BankString{sid::SavingCentres, "Saving Service Centres"},
     BankString{sid::ExportingDirectory, "Exporting Telephone Directory"},
+    BankString{sid::LogUnknownDisconnectMode, "Unknown Disconnect Mode"},
+    BankString{sid::LogLineDroppedIn, "Line Dropped In"},
+    BankString{sid::LogLineNotIdleAfter, "Line Not Idle After"},
+    BankString{sid::LogClosingIt, "Closing It"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

@@ -348,7 +348,6 @@ inline constexpr int HomeMadePrivate = 1192;
 inline constexpr int Unknown = 1243;
 inline constexpr int NoProgramOpens = 1314;
 inline constexpr int LabelOnline = 1321;
-inline constexpr int WindowNotAvailable = 1322;
 // Our own: a folder's name that would not stay a folder under the archive root.
 inline constexpr int FolderNameNotAllowed = 1323;
 inline constexpr int MessageLabel = 1324;
@@ -448,5 +447,13 @@ inline constexpr int LogUnknownCallState = 1184;
 // Our own: the actions of failed writes on the status line, of smsc.dat and of an export.
 inline constexpr int SavingCentres = 1430;
 inline constexpr int ExportingDirectory = 1431;
+
+// Our own sentences of the telephony log: a disconnect mode of no single name, and the end of
+// the call at exit ("Line Dropped In 1.9 s - Exit", "Line Not Idle After 6.0 s, Closing It -
+// Exit").
+inline constexpr int LogUnknownDisconnectMode = 1460;
+inline constexpr int LogLineDroppedIn = 1461;
+inline constexpr int LogLineNotIdleAfter = 1462;
+inline constexpr int LogClosingIt = 1463;
 
 }  // namespace parlane::sid

@@ -9,15 +9,22 @@
 
 #include "core/cp1252.h"
 #include "core/file_io.h"
+#include "core/string_ids.h"
+#include "core/strings.h"
 
 namespace parlane {
 namespace {
 
 FileError SystemError(int number) {
-    return {number, std::strerror(number)};
+    return {number, false};
 }
 
 }  // namespace
+
+std::string FileErrorText(const FileError& error, const Strings& strings) {
+    return error.notOrdinary ? strings.LoadResString(sid::NotAnOrdinaryFile)
+                             : std::strerror(error.number);
+}
 
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error) {
     // Never waits on a FIFO or reads a device without end.
@@ -28,8 +35,7 @@ std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, File
     }
     struct stat info {};
     if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
-        error =
-            S_ISDIR(info.st_mode) ? SystemError(EISDIR) : FileError{EINVAL, "not an ordinary file"};
+        error = S_ISDIR(info.st_mode) ? SystemError(EISDIR) : FileError{EINVAL, true};
         ::close(fd);
         return std::nullopt;
     }

@@ -8,12 +8,18 @@
 
 namespace parlane {
 
-struct FileError {
-    int number = 0;    // errno; 0 when nothing failed
-    std::string text;  // the system's text for it
+class Strings;
 
-    explicit operator bool() const { return number != 0 || !text.empty(); }
+struct FileError {
+    int number = 0;            // errno; 0 when nothing failed
+    bool notOrdinary = false;  // a FIFO, a device or a socket: it has no errno of its own
+
+    explicit operator bool() const { return number != 0 || notOrdinary; }
 };
+
+// The failure in the user's words: the system's description, or the bank's for a file that is
+// not an ordinary one.
+std::string FileErrorText(const FileError& error, const Strings& strings);
 
 // The whole file, or nullopt with `error` filled.
 std::optional<std::string> ReadFileBytes(const std::filesystem::path& path, FileError& error);

@@ -140,7 +140,8 @@ void frmImport::cmdOpen_Click() {
     const auto bytes = ReadFileBytes(*chosen, error);
     if (!bytes) {
         // Back to Open, so that another file can be chosen.
-        Box(Load(sid::ErrorWord) + " " + std::to_string(error.number) + ":  " + error.text,
+        Box(Load(sid::ErrorWord) + " " + std::to_string(error.number) + ":  " +
+                FileErrorText(error, strings_),
             MbExclamation);
         ShowOpenPage();
         return;

@@ -47,7 +47,8 @@ void TableCopyWindow::CopyFailed(const std::filesystem::path& source, const File
     if (error.number == ENOENT)
         Box(PathText(source) + " " + Load(sid::NotFoundContinue), MbExclamation);
     else
-        Box(Load(sid::ErrorWord) + " " + std::to_string(error.number) + ":  " + error.text,
+        Box(Load(sid::ErrorWord) + " " + std::to_string(error.number) + ":  " +
+                FileErrorText(error, strings_),
             MbExclamation);
     busy = true;
 }
@@ -67,7 +68,7 @@ void TableCopyWindow::CopyMemberFile(const std::filesystem::path& from,
     if (copy.outcome == TableCopy::KeptTarget)
         NotCopied(from, Load(sid::NotCopiedDamaged));
     else if (copy.outcome != TableCopy::Copied)
-        NotCopied(from, copy.error.text);
+        NotCopied(from, FileErrorText(copy.error, strings_));
 }
 
 void TableCopyWindow::NotCopied(const std::filesystem::path& file, const std::string& reason) {

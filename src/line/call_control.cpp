@@ -86,7 +86,7 @@ void frmMain::DialCenter() {
             const auto result = tapi.lineSetDevConfig(static_cast<std::uint32_t>(state.DialDevice),
                                                       centre.DevConfig);
             if (result != 0) {
-                debugLog.AppendLog(TapiErrorText(result) + " - lineSetDevConfig");
+                debugLog.AppendLog(tapi.ErrorText(result) + " - lineSetDevConfig");
                 // Counted like a failed dial, so that the run goes on.
                 ShowStatus(LoadResString(sid::ErrorMakingCall));
                 HangUp();
@@ -102,7 +102,7 @@ void frmMain::DialCenter() {
         const auto translated = tapi.lineTranslateAddress(
             static_cast<std::uint32_t>(state.DialDevice), address, dialable);
         if (translated != 0) {
-            debugLog.AppendLog(TapiErrorText(translated) + " - LineTranslateAddress");
+            debugLog.AppendLog(tapi.ErrorText(translated) + " - LineTranslateAddress");
             ShowStatus(LoadResString(sid::ErrorMakingCall));
             HangUp();
             return;
@@ -206,8 +206,9 @@ void frmMain::EndCallForExit() {
     std::snprintf(seconds, sizeof seconds, "%.1f s",
                   static_cast<double>((loop.now() - started).count()) / 1000.0);
     debugLog.AppendLog(tapi.CallPlaced()
-                           ? std::string("Line Not Idle After ") + seconds + ", Closing It - Exit"
-                           : std::string("Line Dropped In ") + seconds + " - Exit");
+                           ? LoadResString(sid::LogLineNotIdleAfter) + " " + seconds + ", " +
+                                 LoadResString(sid::LogClosingIt) + " - Exit"
+                           : LoadResString(sid::LogLineDroppedIn) + " " + seconds + " - Exit");
 }
 
 void frmMain::CloseCommPort() {

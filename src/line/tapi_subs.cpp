@@ -23,7 +23,7 @@ void TAPISubs::InitTelephony() {
                std::uint32_t p2, std::uint32_t p3) { LineCallback(h, m, i, p1, p2, p3); },
         appName, lineDeviceCount_);
     if (result != 0)
-        log(TapiErrorText(result) + " - lineInitalize");
+        log(ErrorText(result) + " - lineInitalize");
     else
         log("NumLineDevices: " + std::to_string(lineDeviceCount_) + " - lineInitalize");
 }
@@ -37,14 +37,14 @@ void TAPISubs::GetLineCaps(std::uint32_t device, LineDevCaps& caps) {
     const auto negotiated =
         provider_.lineNegotiateAPIVersion(device, kLowVersion, kHighVersion, negotiatedVersion_);
     if (negotiated < 0) {
-        log(TapiErrorText(negotiated) + " - LineNegAPI(" + std::to_string(device) + "}");
+        log(ErrorText(negotiated) + " - LineNegAPI(" + std::to_string(device) + "}");
         caps.dwUsedSize = 0;
         return;
     }
     log(line + " supports ver " + HexUpper(negotiatedVersion_) + " - LineNegAPI");
     const auto result = provider_.lineGetDevCaps(device, caps);
     if (result != 0) {
-        log(TapiErrorText(result) + " - lineGetDevCaps");
+        log(ErrorText(result) + " - lineGetDevCaps");
         caps.dwUsedSize = 0;
         return;
     }
@@ -73,13 +73,13 @@ bool TAPISubs::OpenLine(std::uint32_t device) {
     const auto negotiated =
         provider_.lineNegotiateAPIVersion(device, kLowVersion, kHighVersion, negotiatedVersion_);
     if (negotiated < 0) {
-        log(TapiErrorText(negotiated) + " - LineNegAPI(" + std::to_string(device) + "}");
+        log(ErrorText(negotiated) + " - LineNegAPI(" + std::to_string(device) + "}");
         return false;
     }
     log("LineNegAPI(" + std::to_string(device) + ") Ver " + std::to_string(negotiatedVersion_));
     const auto result = provider_.lineOpen(device, lineHandle_);
     if (result != 0) {
-        log(TapiErrorText(result) + " - lineOpen");
+        log(ErrorText(result) + " - lineOpen");
         return false;
     }
     log("Line #" + std::to_string(device) + " - lineOpen");
@@ -96,7 +96,7 @@ PlaceCallResult TAPISubs::PlaceCall(const std::string& address, std::uint32_t me
         log("Call Placed TelNum:- " + address + " - lineMakeCall");
         return PlaceCallResult::Placed;
     }
-    log(TapiErrorText(result) + " - lineMakeCall");
+    log(ErrorText(result) + " - lineMakeCall");
     return result == LINEERR_CALLUNAVAIL || result == LINEERR_INUSE ? PlaceCallResult::LineInUse
                                                                     : PlaceCallResult::Failed;
 }
@@ -104,12 +104,12 @@ PlaceCallResult TAPISubs::PlaceCall(const std::string& address, std::uint32_t me
 void TAPISubs::DropCall() {
     const auto result = provider_.lineDrop(callHandle_);
     if (result >= 0) dropAsked_ = true;
-    log(result < 0 ? TapiErrorText(result) + " - lineDrop" : "Success! - lineDrop");
+    log(result < 0 ? ErrorText(result) + " - lineDrop" : "Success! - lineDrop");
 }
 
 void TAPISubs::DeallocateCall() {
     const auto result = provider_.lineDeallocateCall(callHandle_);
-    log(result != 0 ? TapiErrorText(result) + " - lineDeallocateCall"
+    log(result != 0 ? ErrorText(result) + " - lineDeallocateCall"
                     : "Success! - lineDeallocateCall");
     callPlaced_ = false;
 }
@@ -117,14 +117,14 @@ void TAPISubs::DeallocateCall() {
 void TAPISubs::CloseLine() {
     const auto result = provider_.lineClose(lineHandle_);
     lineHandle_ = 0;
-    log(result != 0 ? TapiErrorText(result) + " - lineClose" : "Success! - LineClose");
+    log(result != 0 ? ErrorText(result) + " - lineClose" : "Success! - LineClose");
 }
 
 std::intptr_t TAPISubs::GetCommHandle() {
     std::intptr_t handle = 0;
     const auto result = provider_.lineGetID(lineHandle_, handle);
     if (result < 0) {
-        log(TapiErrorText(result) + " - LineGetID");
+        log(ErrorText(result) + " - LineGetID");
         return 0;
     }
     log("CommLineID " + std::to_string(result) + " - LineGetID");
@@ -163,7 +163,7 @@ std::int32_t TAPISubs::lineConfigDialogEdit(std::uint32_t device, std::uintptr_t
 
 void TAPISubs::EditDialingLocation(std::uintptr_t ownerWindow) {
     const auto result = provider_.lineTranslateDialog(0, ownerWindow);
-    if (result != 0) log(TapiErrorText(result) + " - lineTranslateDialog");
+    if (result != 0) log(ErrorText(result) + " - lineTranslateDialog");
 }
 
 bool TAPISubs::ConfigureProvider(std::uintptr_t ownerWindow) {
@@ -180,16 +180,17 @@ void TAPISubs::LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage,
     if (dwMessage == LINE_CALLSTATE) {
         // A provider that knows why a call ended says so in dwParam2 (the internet line does).
         const bool why = dwParam1 == LINECALLSTATE_DISCONNECTED && dwParam2 != 0;
-        log("Line CallState " + CallStateText(dwParam1) +
-            (why ? ", " + DisconnectModeText(dwParam2) : std::string()));
+        log("Line CallState " + CallStateText(dwParam1, *strings) +
+            (why ? ", " + DisconnectModeText(dwParam2, *strings) : std::string()));
         // An incoming call must not take the place of the call we placed.
         if (dwParam1 == LINECALLSTATE_OFFERING && !callPlaced_) callHandle_ = hDevice;
         if (dwParam1 == LINECALLSTATE_IDLE) idleSeen_ = true;
         if (setLblEvent) setLblEvent(std::to_string(dwParam1));
     } else if (dwMessage == LINE_REPLY) {
-        log("LineReply " + TapiMessageText(dwMessage) + " ReqID: " + std::to_string(dwParam1));
+        log("LineReply " + TapiMessageText(dwMessage, *strings) +
+            " ReqID: " + std::to_string(dwParam1));
     } else {
-        log(TapiMessageText(dwMessage) + " " + parameters);
+        log(TapiMessageText(dwMessage, *strings) + " " + parameters);
     }
 }
 

@@ -7,7 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "core/strings.h"
 #include "line/debug_log.h"
+#include "line/tapi_text.h"
 #include "line/telephony.h"
 #include "ui/controls.h"
 
@@ -23,6 +25,9 @@ class TAPISubs {
     std::function<void(const std::string& text)> setLblEvent;
     // The product's name, for lineInitialize.
     std::string appName = "Parlane";
+    // The bank in use, for the log's words; the window points it at its own.
+    static inline const Strings kBank1{};
+    const Strings* strings = &kBank1;
 
     void InitTelephony();
     void ShutdownTelephony();
@@ -60,6 +65,8 @@ class TAPISubs {
     // lineDrop has been accepted for that call.
     bool DropAsked() const { return dropAsked_; }
     DebugLog& debugLog() { return log_; }
+    // A result's name for the log, "LINEERR_INUSE [8000000F]".
+    std::string ErrorText(std::int32_t code) const { return TapiErrorText(code, *strings); }
 
   private:
     void log(const std::string& text) { log_.AppendLog(text); }

@@ -3,6 +3,9 @@
 #include <array>
 #include <cstdio>
 
+#include "core/string_ids.h"
+#include "core/strings.h"
+
 namespace parlane {
 namespace {
 
@@ -159,7 +162,7 @@ std::string Hex(std::uint32_t value) {
 
 }  // namespace
 
-std::string TapiErrorText(std::int32_t code) {
+std::string TapiErrorText(std::int32_t code, const Strings& strings) {
     const auto value = static_cast<std::uint32_t>(code);
     std::string name;
     if (value >= 0x80000001u && value < 0x80000001u + kLineErrors.size() &&
@@ -169,24 +172,24 @@ std::string TapiErrorText(std::int32_t code) {
              *kPhoneErrors[value - 0x90000001u])
         name = std::string("PHONEERR_") + kPhoneErrors[value - 0x90000001u];
     else
-        name = "Unknown TAPI Error!";
+        name = strings.LoadResString(sid::LogUnknownTapiError);
     return name + " [" + Hex(value) + "]";
 }
 
-std::string TapiMessageText(std::uint32_t message) {
-    if (message >= kMessages.size()) return "Unknown Message";
+std::string TapiMessageText(std::uint32_t message, const Strings& strings) {
+    if (message >= kMessages.size()) return strings.LoadResString(sid::LogUnknownMessage);
     return std::string(kMessages[message]) + " [" + std::to_string(message) + "]";
 }
 
-std::string CallStateText(std::uint32_t state) {
+std::string CallStateText(std::uint32_t state, const Strings& strings) {
     for (std::size_t bit = 0; bit < kCallStates.size(); ++bit)
         if (state == (1u << bit))
             return std::string("LINECALLSTATE_") + kCallStates[bit] + " [ " +
                    std::to_string(state) + "]";
-    return "Unknown Call State";
+    return strings.LoadResString(sid::LogUnknownCallState);
 }
 
-std::string DisconnectModeText(std::uint32_t mode) {
+std::string DisconnectModeText(std::uint32_t mode, const Strings& strings) {
     static constexpr std::array<const char*, 12> kModes = {
         "NORMAL",   "UNKNOWN",    "REJECT",      "PICKUP",     "FORWARDED",    "BUSY",
         "NOANSWER", "BADADDRESS", "UNREACHABLE", "CONGESTION", "INCOMPATIBLE", "UNAVAIL"};
@@ -194,7 +197,7 @@ std::string DisconnectModeText(std::uint32_t mode) {
         if (mode == (1u << bit))
             return std::string("LINEDISCONNECTMODE_") + kModes[bit] + " [" + std::to_string(mode) +
                    "]";
-    return "Unknown Disconnect Mode";
+    return strings.LoadResString(sid::LogUnknownDisconnectMode);
 }
 
 std::string MediaModesText(std::uint32_t mask) {

@@ -37,6 +37,7 @@ frmMain::frmMain(Platform platform, ProgramGlobals& globals)
     mnuTools.Checked = true;
     mnuFrench.Visible = false;
     tapi.appName = globals_.strings.ProductName();
+    tapi.strings = &globals_.strings;
     tapi.setLblEvent = [this](const std::string& text) {
         setLblEvent(text);
         changed();

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <random>
 
@@ -187,6 +188,16 @@ TEST(ImportWizard, OpeningKeepsADamagedFileAsideAndSurvivesAnUnreadableOne) {
     EXPECT_EQ(unreadable.directory.size(), 1u);
     EXPECT_EQ(unreadable.dialogues.boxes,
               (std::vector<std::string>{"48 21 Loading Telephone Directory Is a directory"}));
+
+    // A pipe chosen as the file to import is refused at once, not waited on.
+    Wizard pipe;
+    pipe.chooser.file = pipe.home.path() / "in.csv";
+    ASSERT_EQ(::mkfifo(pipe.chooser.file->c_str(), 0600), 0);
+    pipe.form.optImport_Click();
+    pipe.form.cmdExport_Click();
+    pipe.form.cmdOpen_Click();
+    EXPECT_EQ(pipe.dialogues.boxes,
+              (std::vector<std::string>{"48 Error 22:  Not an ordinary file"}));
 }
 
 // The name check gives what a FindName per line gives, on names that differ in case only.

@@ -22,6 +22,7 @@ TEST(ExitDrop, TheLineIsDroppedBeforeTheEndOrTheLimitPasses) {
         const char* lineEnd;  // the last operations on the line, in order
         int waitedMs;
         const char* logLine;
+        std::int16_t languageOffset = 0;
     };
     const Case cases[] = {
         {"online", 1000, false, 2000, "drop|deallocate|close line|shutdown", 2000,
@@ -34,12 +35,16 @@ TEST(ExitDrop, TheLineIsDroppedBeforeTheEndOrTheLimitPasses) {
         {"stopped just before", 1000, true, 1500, "open port|drop|deallocate|close line|shutdown",
          1500, "Line Dropped In 1.5 s - Exit"},
         {"no call", -1, false, 100, "open line 0|shutdown", 0, nullptr},
+        // The log's sentence is in the language in use; the operation's name is not.
+        {"silent modem, in German", 1000, false, -1, "open port|drop|shutdown", 6000,
+         "Leitung nicht frei nach 6.0 s, wird geschlossen - Exit", 3000},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         TestPlatform p;
         p.writeProviders({MakeProvider("Alpha")});
         auto& f = p.load();
+        p.globals.strings.LanguageOffset = c.languageOffset;
         p.line.autoConnectMs = std::max(c.connectMs, 0);
         p.line.idleAfterDropMs = c.idleAfterDropMs;
         testing::Compose(f, "hello");

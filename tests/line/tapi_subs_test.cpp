@@ -27,14 +27,18 @@ TEST(TapiText, NamesOfErrorsMessagesAndStates) {
         {0x90000023, "PHONEERR_REINIT [90000023]"},
         {5, "Unknown TAPI Error! [5]"},
     };
+    const Strings english;
     for (const auto& c : errors)
-        EXPECT_EQ(TapiErrorText(static_cast<std::int32_t>(c.code)), c.text);
-    EXPECT_EQ(CallStateText(256), "LINECALLSTATE_CONNECTED [ 256]");
-    EXPECT_EQ(CallStateText(32768), "LINECALLSTATE_UNKNOWN [ 32768]");
-    EXPECT_EQ(CallStateText(3), "Unknown Call State");
-    EXPECT_EQ(TapiMessageText(3), "LINE_CLOSE [3]");
-    EXPECT_EQ(TapiMessageText(18), "PHONE_STATE [18]");
-    EXPECT_EQ(TapiMessageText(19), "Unknown Message");
+        EXPECT_EQ(TapiErrorText(static_cast<std::int32_t>(c.code), english), c.text);
+    EXPECT_EQ(CallStateText(256, english), "LINECALLSTATE_CONNECTED [ 256]");
+    EXPECT_EQ(CallStateText(32768, english), "LINECALLSTATE_UNKNOWN [ 32768]");
+    EXPECT_EQ(CallStateText(3, english), "Unknown Call State");
+    EXPECT_EQ(TapiMessageText(3, english), "LINE_CLOSE [3]");
+    EXPECT_EQ(TapiMessageText(18, english), "PHONE_STATE [18]");
+    EXPECT_EQ(TapiMessageText(19, english), "Unknown Message");
+    Strings german;
+    german.LanguageOffset = 3000;
+    EXPECT_EQ(TapiErrorText(5, german), "Unbekannter TAPI-Fehler! [5]");
     EXPECT_EQ(MediaModesText(16 | 8192), "LineMediaModes - \r\n\tDATAMODEM\r\n\tADSI\r\n");
     EXPECT_EQ(DigitModesText(0), "LineDigitMonitorModes - \r\n\tNONE\r\n");
     EXPECT_EQ(DigitModesText(3), "LineDigitMonitorModes - \r\n\tPULSE\r\n\tDTMF\r\n");

@@ -117,6 +117,7 @@ TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindows) {
     MainWindow window(form);
     window.show();
     ASSERT_NE(window.findChild<QWidget*>("frmToolWindow"), nullptr);
+    window.action("mnuDebug2")->trigger();
     window.action("mnuGerman")->trigger();
     // The standard texts at once, a dialogue when it is next opened.
     const auto tools = window.findChildren<QWidget*>("frmToolWindow");
@@ -124,6 +125,11 @@ TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindows) {
     EXPECT_EQ(tools[0]->windowTitle(), QString("Standardtexte"));
     EXPECT_TRUE(tools[0]->isVisible());
     EXPECT_EQ(DialDialog(&window, form).windowTitle(), QString("Wählversuche"));
+    const auto* debug = window.findChild<QWidget*>("frmDebug");
+    ASSERT_NE(debug, nullptr);
+    EXPECT_TRUE(debug->isVisible());
+    EXPECT_EQ(debug->windowTitle(), QString("SMS-Zentrale überwachen"));
+    EXPECT_EQ(debug->findChild<QLabel*>("lblText1")->text(), QString("TAPI-Meldungen"));
     EXPECT_EQ(window.action("mnuFile")->text(), "&Datei");
     EXPECT_EQ(window.action("mnuExit")->text(), "&Beenden");
     EXPECT_TRUE(window.action("mnuGerman")->isChecked());
