@@ -424,6 +424,21 @@ inline constexpr int LabelUseTls = 1404;
 inline constexpr int LabelCheckCertificate = 1405;
 inline constexpr int ChoiceOn = 1406;
 inline constexpr int ChoiceOff = 1407;
+// The internet line's notes in the debug log. A failure reads NotConnected or ConnectionLost,
+// then one of the problem texts, the name or address it concerns, and the system's reason.
+inline constexpr int TcpNoHostAndPort = 1408;
+inline constexpr int TcpConnectingTo = 1409;
+inline constexpr int TcpWithTls = 1410;
+inline constexpr int TcpConnected = 1411;
+inline constexpr int TcpNotConnected = 1412;
+inline constexpr int TcpConnectionLost = 1413;
+inline constexpr int TcpAddressNotFound = 1414;
+inline constexpr int TcpNoConnectionTo = 1415;
+inline constexpr int TcpTlsNotSetUp = 1416;
+inline constexpr int TcpCertificatesUnreadable = 1417;
+inline constexpr int TcpNoTlsAnswer = 1418;
+inline constexpr int TcpTlsFailed = 1419;
+inline constexpr int TcpCentreClosed = 1420;
 
 // Debug view. OverwriteExisting and DataSavedAs are followed by the file's name.
 inline constexpr int CaptionTapiMessages = 1356;

@@ -195,6 +195,7 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
                  globals);
     if (QGuiApplication::platformName() != "offscreen")
         form.showModemDialog = [](frmModem& dialog) { ShowModemDialog(nullptr, dialog); };
+    devices.tcp().strings = &globals.strings;
     devices.tcp().onNote = [&form](const std::string& text) { form.debugLog.AppendLog(text); };
     form.Form_Load();
     MainWindow window(form);

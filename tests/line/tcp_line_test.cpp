@@ -136,6 +136,7 @@ TEST(TcpLineRoad, FailedConnectionsLoseNothingAndArchiveEveryMessage) {
         TcpFailure failure;
         const char* mode;
         const char* status;
+        const char* note = nullptr;  // the debug log's words for it
     };
     const Case cases[] = {
         {"refused",
@@ -143,7 +144,8 @@ TEST(TcpLineRoad, FailedConnectionsLoseNothingAndArchiveEveryMessage) {
          false,
          TcpFailure::Refused,
          "LINEDISCONNECTMODE_REJECT",
-         "Aborted - Maximum Dial Attempts Exceeded"},
+         "Aborted - Maximum Dial Attempts Exceeded",
+         "Not connected: No connection to 127.0.0.1:"},
         {"silent",
          {"127.0.0.1", "103101", "", "", 0},
          false,
@@ -155,13 +157,15 @@ TEST(TcpLineRoad, FailedConnectionsLoseNothingAndArchiveEveryMessage) {
          false,
          TcpFailure::Reset,
          "LINEDISCONNECTMODE_UNKNOWN",
-         "Aborted - Maximum Dial Attempts Exceeded"},
+         "Aborted - Maximum Dial Attempts Exceeded",
+         "Connection lost: "},
         {"certificate for another name",
          {"127.0.0.1", "100101", otherName.certFile, otherName.keyFile, 0},
          true,
          TcpFailure::Tls,
          "LINEDISCONNECTMODE_INCOMPATIBLE",
-         "Aborted - Maximum Dial Attempts Exceeded"},
+         "Aborted - Maximum Dial Attempts Exceeded",
+         "Not connected: TLS failed: "},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -185,6 +189,7 @@ TEST(TcpLineRoad, FailedConnectionsLoseNothingAndArchiveEveryMessage) {
         EXPECT_EQ(road.devices.tcp().lastFailure(), c.failure);
         if (c.mode) {
             EXPECT_TRUE(road.logged(c.mode)) << road.form.debugLog.text();
+            EXPECT_TRUE(road.logged(c.note)) << road.form.debugLog.text();
         }
         if (server) {
             EXPECT_EQ(server->accepted(), 0);

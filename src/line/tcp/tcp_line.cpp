@@ -18,6 +18,7 @@
 #include <mutex>
 #include <thread>
 
+#include "core/string_ids.h"
 #include "line/modem_config.h"
 #include "line/tcp/tcp_settings_form.h"
 
@@ -28,7 +29,7 @@ enum class TcpEvent { Connected, Failed, Readable };
 struct TcpLine::Connection {
     std::mutex mutex;
     // Reaches the loop; cleared when the call is abandoned, after which the thread only ends.
-    std::function<void(TcpEvent, TcpFailure, std::string)> report;
+    std::function<void(TcpEvent, TcpFailure, TcpProblem)> report;
     std::atomic<bool> stop{false};
     std::atomic<bool> armed{false};  // the thread waits for the socket to become readable
     int wake[2] = {-1, -1};
@@ -46,9 +47,9 @@ struct TcpLine::Connection {
         const char c = 1;
         [[maybe_unused]] const auto n = write(wake[1], &c, 1);
     }
-    void send(TcpEvent event, TcpFailure failure = TcpFailure::None, std::string detail = {}) {
+    void send(TcpEvent event, TcpFailure failure = TcpFailure::None, TcpProblem problem = {}) {
         std::lock_guard lock(mutex);
-        if (report) report(event, failure, std::move(detail));
+        if (report) report(event, failure, std::move(problem));
     }
 };
 
@@ -90,7 +91,7 @@ int WaitFor(TcpLine::Connection& c, int fd, short events, Clock::time_point dead
 }
 
 int Connect(TcpLine::Connection& c, const TcpConfig& cfg, Clock::time_point deadline,
-            TcpFailure& failure, std::string& detail) {
+            TcpFailure& failure, TcpProblem& problem) {
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;
     hints.ai_socktype = SOCK_STREAM;
@@ -102,7 +103,7 @@ int Connect(TcpLine::Connection& c, const TcpConfig& cfg, Clock::time_point dead
     }
     if (rc != 0) {
         failure = rc == EAI_AGAIN ? TcpFailure::Unreachable : TcpFailure::BadAddress;
-        detail = "the name " + cfg.host + " cannot be found: " + gai_strerror(rc);
+        problem = {sid::TcpAddressNotFound, cfg.host, gai_strerror(rc)};
         return -1;
     }
     int fd = -1;
@@ -127,7 +128,7 @@ int Connect(TcpLine::Connection& c, const TcpConfig& cfg, Clock::time_point dead
         failure = error == ECONNREFUSED ? TcpFailure::Refused
                   : error == ETIMEDOUT  ? TcpFailure::TimedOut
                                         : TcpFailure::Unreachable;
-        detail = std::string(std::strerror(error)) + " at " + Numeric(ai);
+        problem = {sid::TcpNoConnectionTo, Numeric(ai), std::strerror(error)};
         if (failure == TcpFailure::TimedOut) break;  // the time is used up for every address
     }
     freeaddrinfo(list);
@@ -139,17 +140,17 @@ int Connect(TcpLine::Connection& c, const TcpConfig& cfg, Clock::time_point dead
 }
 
 bool Handshake(TcpLine::Connection& c, const TcpConfig& cfg, const std::string& trustFile,
-               Clock::time_point deadline, TcpFailure& failure, std::string& detail) {
+               Clock::time_point deadline, TcpFailure& failure, TcpProblem& problem) {
     failure = TcpFailure::Tls;
     if (gnutls_certificate_allocate_credentials(&c.credentials) < 0 ||
         gnutls_init(&c.session, GNUTLS_CLIENT | GNUTLS_NONBLOCK) < 0) {
-        detail = "TLS cannot be set up";
+        problem = {sid::TcpTlsNotSetUp, {}, {}};
         return false;
     }
     gnutls_certificate_set_x509_system_trust(c.credentials);
     if (!trustFile.empty() && gnutls_certificate_set_x509_trust_file(
                                   c.credentials, trustFile.c_str(), GNUTLS_X509_FMT_PEM) < 0) {
-        detail = "the certificates in " + trustFile + " cannot be read";
+        problem = {sid::TcpCertificatesUnreadable, trustFile, {}};
         return false;
     }
     gnutls_set_default_priority(c.session);
@@ -170,19 +171,19 @@ bool Handshake(TcpLine::Connection& c, const TcpConfig& cfg, const std::string& 
             if (n < 0) return false;
             if (n == 0) {
                 failure = TcpFailure::TimedOut;
-                detail = "no answer to the TLS handshake";
+                problem = {sid::TcpNoTlsAnswer, {}, {}};
                 return false;
             }
             continue;
         }
         if (!gnutls_error_is_fatal(r)) continue;
-        detail = std::string("TLS: ") + gnutls_strerror(r);
+        problem = {sid::TcpTlsFailed, {}, gnutls_strerror(r)};
         if (r == GNUTLS_E_CERTIFICATE_VERIFICATION_ERROR) {
             gnutls_datum_t text{};
             if (gnutls_certificate_verification_status_print(
                     gnutls_session_get_verify_cert_status(c.session), GNUTLS_CRT_X509, &text, 0) ==
                 0) {
-                detail = std::string("TLS: ") + reinterpret_cast<const char*>(text.data);
+                problem.reason = reinterpret_cast<const char*>(text.data);
                 gnutls_free(text.data);
             }
         } else if (r == GNUTLS_E_PUSH_ERROR || r == GNUTLS_E_PULL_ERROR ||
@@ -196,10 +197,10 @@ bool Handshake(TcpLine::Connection& c, const TcpConfig& cfg, const std::string& 
 void Watch(std::shared_ptr<TcpLine::Connection> c, TcpConfig cfg, std::string trustFile) {
     const auto deadline = Clock::now() + std::chrono::seconds(cfg.connectTimeoutSecs);
     TcpFailure failure = TcpFailure::None;
-    std::string detail;
-    if (Connect(*c, cfg, deadline, failure, detail) < 0 ||
-        (cfg.tls && !Handshake(*c, cfg, trustFile, deadline, failure, detail))) {
-        if (!c->stop) c->send(TcpEvent::Failed, failure, detail);
+    TcpProblem problem;
+    if (Connect(*c, cfg, deadline, failure, problem) < 0 ||
+        (cfg.tls && !Handshake(*c, cfg, trustFile, deadline, failure, problem))) {
+        if (!c->stop) c->send(TcpEvent::Failed, failure, std::move(problem));
         return;
     }
     c->armed = true;
@@ -314,19 +315,19 @@ std::int32_t TcpLine::lineMakeCall(std::uint32_t, std::uint32_t& callHandle, con
     const auto config = next_;
     next_.reset();
     if (!config || config->host.empty() || config->port == 0) {
-        note("No host and port for this centre: set them with Properties in its settings");
+        note(words(sid::TcpNoHostAndPort));
         return LINEERR_OPERATIONFAILED;
     }
     abandon();
     auto c = std::make_shared<Connection>();
     if (pipe2(c->wake, O_CLOEXEC | O_NONBLOCK) != 0) return LINEERR_RESOURCEUNAVAIL;
     c->report = [this, alive = std::weak_ptr<bool>(alive_), weak = std::weak_ptr<Connection>(c)](
-                    TcpEvent event, TcpFailure failure, std::string detail) {
-        loop_.post([this, alive, weak, event, failure, detail = std::move(detail)] {
+                    TcpEvent event, TcpFailure failure, TcpProblem problem) {
+        loop_.post([this, alive, weak, event, failure, problem = std::move(problem)] {
             const auto c = weak.lock();
             if (alive.expired() || !c || c != conn_) return;
             if (event == TcpEvent::Connected) onConnected(c);
-            if (event == TcpEvent::Failed) onFailed(c, failure, detail);
+            if (event == TcpEvent::Failed) onFailed(c, failure, problem);
             if (event == TcpEvent::Readable) onReadable(c);
         });
     };
@@ -335,7 +336,8 @@ std::int32_t TcpLine::lineMakeCall(std::uint32_t, std::uint32_t& callHandle, con
     lastFailure_ = TcpFailure::None;
     callHandle = ++callHandle_;
     const std::int32_t request = ++requestId_;
-    note("Connecting to " + config->Address() + (config->tls ? " with TLS" : ""));
+    note(words(sid::TcpConnectingTo) + " " + config->Address() +
+         (config->tls ? " " + words(sid::TcpWithTls) : ""));
     // Posted before the thread starts, so both come before anything the thread reports.
     loop_.post([this, alive = std::weak_ptr<bool>(alive_), request, call = callHandle_] {
         if (alive.expired() || call != callHandle_ || !callback_) return;
@@ -346,30 +348,37 @@ std::int32_t TcpLine::lineMakeCall(std::uint32_t, std::uint32_t& callHandle, con
     return request;
 }
 
+std::string TcpLine::words(const TcpProblem& problem) const {
+    std::string text = problem.id ? words(problem.id) : std::string();
+    if (!problem.subject.empty()) text += " " + problem.subject;
+    if (!problem.reason.empty()) text += (text.empty() ? "" : ": ") + problem.reason;
+    return text;
+}
+
 void TcpLine::onConnected(const std::shared_ptr<Connection>& c) {
     phase_ = Phase::Connected;
     if (c->session) {
         char* description = gnutls_session_get_desc(c->session);
-        note(std::string("Connected, ") + (description ? description : "TLS"));
+        note(words(sid::TcpConnected) + ", " + (description ? description : "TLS"));
         gnutls_free(description);
     } else {
-        note("Connected");
+        note(words(sid::TcpConnected));
     }
     deliver(LINECALLSTATE_CONNECTED);
 }
 
 void TcpLine::onFailed(const std::shared_ptr<Connection>&, TcpFailure failure,
-                       const std::string& detail) {
+                       const TcpProblem& problem) {
     phase_ = Phase::Ended;
     lastFailure_ = failure;
-    note("Not connected: " + detail);
+    note(words(sid::TcpNotConnected) + " " + words(problem));
     deliver(LINECALLSTATE_DISCONNECTED, DisconnectModeFor(failure));
 }
 
 void TcpLine::onReadable(const std::shared_ptr<Connection>& c) {
     if (phase_ != Phase::Connected || endSeen_) return;
     TcpFailure ended = TcpFailure::None;
-    std::string detail;
+    TcpProblem problem;
     char chunk[4096];
     // Everything the socket and the TLS layer hold, up to a bound that keeps the loop moving.
     while (ended == TcpFailure::None && pending_.size() < 65536) {
@@ -383,7 +392,7 @@ void TcpLine::onReadable(const std::shared_ptr<Connection>& c) {
                 ended = n == GNUTLS_E_PREMATURE_TERMINATION ? TcpFailure::Closed
                         : n == GNUTLS_E_PULL_ERROR          ? TcpFailure::Reset
                                                             : TcpFailure::Tls;
-                detail = gnutls_strerror(static_cast<int>(n));
+                problem.reason = gnutls_strerror(static_cast<int>(n));
                 break;
             }
         } else {
@@ -392,19 +401,19 @@ void TcpLine::onReadable(const std::shared_ptr<Connection>& c) {
             if (n < 0 && errno == EINTR) continue;
             if (n < 0) {
                 ended = TcpFailure::Reset;
-                detail = std::strerror(errno);
+                problem.reason = std::strerror(errno);
                 break;
             }
         }
         if (n == 0) {
             ended = TcpFailure::Closed;
-            detail = "the centre closed the connection";
+            problem.id = sid::TcpCentreClosed;
             break;
         }
         pending_.append(chunk, static_cast<std::size_t>(n));
     }
     if (ended != TcpFailure::None) {
-        lost(ended, detail);
+        lost(ended, problem);
     } else {
         c->armed = true;
         c->wakeUp();
@@ -418,11 +427,11 @@ void TcpLine::announce() {
     onCommEvent_(1);
 }
 
-void TcpLine::lost(TcpFailure failure, const std::string& detail) {
+void TcpLine::lost(TcpFailure failure, const TcpProblem& problem) {
     if (!endSeen_) {
         endSeen_ = true;
         endFailure_ = failure;
-        endDetail_ = detail;
+        endProblem_ = problem;
     }
     // What came before the end is the dialogue's: the program reads it first.
     if (linkOpen_ && !pending_.empty()) return;
@@ -432,7 +441,7 @@ void TcpLine::lost(TcpFailure failure, const std::string& detail) {
                              return;
                          phase_ = Phase::Ended;
                          lastFailure_ = endFailure_;
-                         note("Connection lost: " + endDetail_);
+                         note(words(sid::TcpConnectionLost) + " " + words(endProblem_));
                          deliver(LINECALLSTATE_DISCONNECTED, DisconnectModeFor(endFailure_));
                      });
 }
@@ -505,7 +514,7 @@ bool TcpLine::OpenCommunicationsPort(std::intptr_t handle,
     onCommEvent_ = std::move(onCommEvent);
     eventOutstanding_ = false;
     announce();
-    if (endSeen_ && pending_.empty()) lost(endFailure_, endDetail_);
+    if (endSeen_ && pending_.empty()) lost(endFailure_, endProblem_);
     return true;
 }
 
@@ -526,7 +535,7 @@ int TcpLine::GetRxCharacters(RxBufferArray& buffer) {
     if (!pending_.empty())
         announce();  // what is still held back brings a further event
     else if (endSeen_)
-        lost(endFailure_, endDetail_);
+        lost(endFailure_, endProblem_);
     return static_cast<int>(n);
 }
 

@@ -17,6 +17,7 @@
 #include <string>
 
 #include "core/event_loop.h"
+#include "core/strings.h"
 #include "line/device_dialogs.h"
 #include "line/serial_link.h"
 #include "line/tcp/tcp_config.h"
@@ -25,6 +26,15 @@
 namespace parlane {
 
 enum class TcpFailure { None, BadAddress, Refused, Unreachable, TimedOut, Reset, Closed, Tls };
+
+// Why a connection failed or ended, kept as a bank id and its parts until it is worded on the
+// loop: "Cannot find the address of" "sms.example.net" ": " "Name or service not known". The
+// subject is a name or an address; the reason is the system's or the TLS library's own text.
+struct TcpProblem {
+    int id = 0;  // 0: the reason alone
+    std::string subject;
+    std::string reason;
+};
 // The reason a DISCONNECTED carries for each failure.
 std::uint32_t DisconnectModeFor(TcpFailure failure);
 
@@ -41,6 +51,9 @@ class TcpLine : public TapiProvider, public SerialLink {
     void setExtraTrustFile(std::string path) { extraTrustFile_ = std::move(path); }
     // A line in plain words for the debug log: where the call goes, why it failed.
     std::function<void(const std::string& text)> onNote;
+    // The bank the notes are worded from; the program points it at the one in use.
+    static inline const Strings kBank1{};
+    const Strings* strings = &kBank1;
     TcpFailure lastFailure() const { return lastFailure_; }
 
     // Telephony; this provider has one device, index 0.
@@ -93,10 +106,12 @@ class TcpLine : public TapiProvider, public SerialLink {
 
     void onConnected(const std::shared_ptr<Connection>& c);
     void onFailed(const std::shared_ptr<Connection>& c, TcpFailure failure,
-                  const std::string& detail);
+                  const TcpProblem& problem);
     void onReadable(const std::shared_ptr<Connection>& c);
     // The far end is gone: DISCONNECTED once the program has read what came before.
-    void lost(TcpFailure failure, const std::string& detail);
+    void lost(TcpFailure failure, const TcpProblem& problem);
+    std::string words(int id) const { return strings->LoadResString(id); }
+    std::string words(const TcpProblem& problem) const;
     void announce();
     void abandon();
     void deliver(std::uint32_t state, std::uint32_t mode = 0);
@@ -122,7 +137,7 @@ class TcpLine : public TapiProvider, public SerialLink {
     bool eventOutstanding_ = false;
     bool endSeen_ = false;  // the far end closed; DISCONNECTED waits for pending_ to be read
     TcpFailure endFailure_ = TcpFailure::None;
-    std::string endDetail_;
+    TcpProblem endProblem_;
     std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
 };
 
