@@ -454,6 +454,7 @@ constexpr std::array kBank1 = {
     BankString{sid::LogLineDroppedIn, "Line Dropped In"},
     BankString{sid::LogLineNotIdleAfter, "Line Not Idle After"},
     BankString{sid::LogClosingIt, "Closing It"},
+    BankString{sid::LogAutomationNotOffered, "Automation not offered"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

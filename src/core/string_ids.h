@@ -470,5 +470,7 @@ inline constexpr int LogUnknownDisconnectMode = 1460;
 inline constexpr int LogLineDroppedIn = 1461;
 inline constexpr int LogLineNotIdleAfter = 1462;
 inline constexpr int LogClosingIt = 1463;
+// No one else can drive the program: the session bus is missing or another copy holds the name.
+inline constexpr int LogAutomationNotOffered = 1464;
 
 }  // namespace parlane::sid

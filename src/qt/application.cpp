@@ -230,7 +230,8 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     RemoteService remote(form,
                          [&window](const std::function<void()>& handler) { window.run(handler); });
     if (QString why; !remote.publish(why))
-        form.debugLog.AppendLog("Automation not offered - " + FromQt(why));
+        form.debugLog.AppendLog(form.LoadResString(sid::LogAutomationNotOffered) + " - " +
+                                FromQt(why));
     closeSignals.listen([&window, &form, printStatus](int number) {
         const std::string name = sigabbrev_np(number) ? sigabbrev_np(number) : "?";
         form.debugLog.AppendLog("SIG" + name + " - Close Request");
