@@ -34,32 +34,41 @@ Road Drive(int protocol, const std::string& number, int messages,
     return {p.archiveStatuses(), p.loop.now().count() / 1000};
 }
 
+// The number of the centre for `protocol` with fault `fault` and variant `variant`.
+std::string Number(int protocol, char fault, char variant = '1') {
+    return std::string{variant, fault} + std::to_string(100 + protocol);
+}
+
 TEST(SimulatedRoad, EveryDialogueDeliversThroughEveryFaultOfTheLine) {
-    const std::vector<std::pair<int, const char*>> centres = {
-        {ProtocolTap, "100"},    {ProtocolUcp, "101"}, {ProtocolVoda, "102"},
-        {ProtocolOrange, "103"}, {ProtocolTim, "104"}, {ProtocolLibertel, "105"}};
     const std::vector<std::string> sent(3, "Message Sent Successfully");
-    for (const auto& [protocol, ending] : centres) {
-        for (const char* fault : {"0", "5", "6", "7", "1"}) {
+    for (int protocol = ProtocolTap; protocol <= ProtocolLibertel; ++protocol) {
+        for (char fault : {'0', '5', '6', '7', '1'}) {
             // TAP and TIM look at the latest chunk only, so text in small pieces is theirs
             // to miss; the appending dialogues must not care how it is cut.
             const bool appends = protocol != ProtocolTap && protocol != ProtocolTim;
-            if (*fault == '6' && !appends) continue;
-            const auto road = Drive(protocol, std::string("1") + fault + ending, 3);
+            if (fault == '6' && !appends) continue;
+            const auto road = Drive(protocol, Number(protocol, fault), 3);
             EXPECT_EQ(road.statuses, sent) << "protocol " << protocol << " fault " << fault;
             EXPECT_LT(road.seconds, 400) << "protocol " << protocol << " fault " << fault;
         }
     }
+    // The other manners of each centre (the cases above have variant 1), without a fault.
+    for (const auto& [protocol, variants] : {std::pair{ProtocolTap, "0234"},
+                                             {ProtocolUcp, "023"},
+                                             {ProtocolVoda, "0"},
+                                             {ProtocolTim, "023"}})
+        for (const char* v = variants; *v; ++v)
+            EXPECT_EQ(Drive(protocol, Number(protocol, '0', *v), 3).statuses, sent)
+                << "protocol " << protocol << " variant " << *v;
 }
 
 TEST(SimulatedRoad, RefusalsPasswordsAndSilence) {
-    // The second message of each call is refused; the others go through.
-    for (const auto& [protocol, ending] :
-         std::vector<std::pair<int, const char*>>{{ProtocolTap, "18100"},
-                                                  {ProtocolUcp, "18101"},
-                                                  {ProtocolOrange, "18103"},
-                                                  {ProtocolTim, "18104"}}) {
-        auto road = Drive(protocol, ending, 3);
+    // The second message of each call is refused (protocol 6: TAP refusing by RS); the others
+    // go through.
+    for (int protocol = ProtocolTap; protocol <= ProtocolLibertel + 1; ++protocol) {
+        const bool rs = protocol > ProtocolLibertel;
+        auto road = Drive(rs ? ProtocolTap : protocol,
+                          rs ? Number(ProtocolTap, '8', '5') : Number(protocol, '8'), 3);
         std::sort(road.statuses.begin(), road.statuses.end());
         ASSERT_EQ(road.statuses.size(), 3u) << protocol;
         EXPECT_EQ(road.statuses[2].rfind("Message Sent Successfully", 0), 0u) << protocol;

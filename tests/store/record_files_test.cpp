@@ -136,16 +136,8 @@ TEST(QueueJournal, RoundTripOldFormCutsAndNoise) {
     }
 }
 
-TEST(RecordFiles, StringsAreBytesAndTooLongOnesAreRefused) {
-    std::string all;
-    for (int b = 0; b < 256; ++b) all += static_cast<char>(b);
-    RecordWriter writer;
-    ASSERT_TRUE(writer.writeString(all));
-    std::string back;
-    RecordReader reader(writer.bytes());
-    ASSERT_TRUE(reader.readString(back));
-    EXPECT_EQ(back, all);
-
+// Every byte value in a string: TableJson.EveryByteValueSurvivesInStringsAndByteBlocks.
+TEST(RecordFiles, TooLongStringsAreRefused) {
     EXPECT_TRUE(RecordWriter().writeString(std::string(65535, 'x')));
     RecordWriter tooLong;
     EXPECT_FALSE(tooLong.writeString(std::string(65536, 'x')));
