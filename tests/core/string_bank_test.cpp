@@ -87,7 +87,9 @@ TEST(Banks, ProductNameAndTheLanguageNamesPerBank) {
     // Catalogues are UTF-8; the banks hold Windows-1252 like bank 1.
     EXPECT_EQ(Text(sid::LabelParity + 3000), "Parit\xE4t");
     EXPECT_EQ(Text(sid::ButtonYes + 2000), "&S\xEC");
-    EXPECT_EQ(Text(sid::MenuFrench), "Fran\xE7" "ais");
+    EXPECT_EQ(Text(sid::MenuFrench),
+              "Fran\xE7"
+              "ais");
 }
 
 TEST(Banks, QueueStatusLinesContainTheWordsQueueByNameLooksFor) {
