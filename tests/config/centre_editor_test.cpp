@@ -130,7 +130,6 @@ TEST_F(CentreEditor, ANewCentreIsWrittenSortedAndSelected) {
         EXPECT_EQ(e.EditorDevConfig, Bytes(2000));
         EXPECT_EQ(e.txtCountryCode.Text, "44");
         EXPECT_EQ(e.txtAreaCode.Text, "20");
-        EXPECT_EQ(e.EditorRecordIndex, 2);
         Fill(e, "alpha");
         e.chkASCII.Value = true;
         e.optProtocol_Click(ProtocolUcp);  // the tick stays, and is stored

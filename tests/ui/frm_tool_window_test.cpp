@@ -72,7 +72,6 @@ TEST(StandardTexts, NamedNotesCaptionTheirIconAndMenuEntry) {
     ToolFixture t;
     EXPECT_EQ(t.tools.picToolIconsToolTipText[4], "Note5");
     EXPECT_EQ(t.tools.mnuNote[4].Caption, "Note5");
-    EXPECT_EQ(t.tools.picToolIconsToolTipText[8], "Date");
     t.p.settings.write("Parlane", "Texts", "Name5", "Late");
     frmToolWindow again(t.f);
     again.Form_Load();
