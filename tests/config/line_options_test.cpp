@@ -104,59 +104,31 @@ TEST(NumberFields, TakeDigitsPlusAndBackspaceAndSelectAllOnFocus) {
     EXPECT_EQ(dial.txtDialAttempts.SelLength, 3);
 }
 
-// Types a key as the view does: the filter first, then the box takes what got through.
-void Type(frmOriginator& dialog, int key) {
-    key = dialog.txtID_KeyPress(key);
-    if (key == 8) {
-        if (!dialog.txtID.Text.empty()) dialog.txtID.Text.pop_back();
-    } else if (key != 0) {
-        dialog.txtID.Text += static_cast<char>(key);
-    }
-}
-
-TEST(Originator, SixteenDigitsAtMostAndNeverAPlus) {
+// Typed keys are checked through the view (QtOriginatorDialog); pasted text keeps to the same
+// rule, and an empty field closes without a word and keeps the old value.
+TEST(Originator, PastedTextKeepsSixteenDigitsAndAnEmptyFieldKeepsTheOldValue) {
     TestPlatform p;
     auto& f = p.load();
     frmOriginator dialog(f);
     dialog.Form_Load();
     EXPECT_EQ(dialog.txtID.Text, "12345");
-    dialog.txtID.Text.clear();
-    for (int i = 0; i < 17; ++i) {
-        Type(dialog, '+');
-        Type(dialog, 'a');
-        Type(dialog, '0' + i % 10);
-    }
-    EXPECT_EQ(dialog.txtID.Text, "0123456789012345");  // the 17th digit had no effect
-    Type(dialog, 8);
-    EXPECT_EQ(dialog.txtID.Text, "012345678901234");
-    Type(dialog, '9');
-    EXPECT_EQ(dialog.txtID.Text, "0123456789012349");
-
-    // Pasted text keeps to the same rule.
     dialog.txtID.Text = "+44 7801/234567 and more digits 12345";
     dialog.txtID_Change();
     EXPECT_EQ(dialog.txtID.Text, "4478012345671234");
     EXPECT_EQ(dialog.txtID.SelStart, 16);
-
     dialog.cmdOK_Click();
     EXPECT_TRUE(dialog.unloaded);
     EXPECT_EQ(p.settings.read("Parlane", "Settings", "Originator"), "4478012345671234");
     EXPECT_EQ(f.state.OriginatorId, "4478012345671234");
-}
 
-TEST(Originator, AnEmptyFieldClosesAndKeepsTheOldValueWithoutAWord) {
-    TestPlatform p;
-    auto& f = p.load();
-    p.settings.write("Parlane", "Settings", "Originator", "447801234567");
-    f.state.OriginatorId = "447801234567";
-    frmOriginator dialog(f);
-    dialog.Form_Load();
-    dialog.txtID.Text.clear();
-    dialog.cmdOK_Click();
-    EXPECT_TRUE(dialog.unloaded);
+    frmOriginator again(f);
+    again.Form_Load();
+    again.txtID.Text.clear();
+    again.cmdOK_Click();
+    EXPECT_TRUE(again.unloaded);
     EXPECT_TRUE(p.dialogues.shown.empty());
-    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Originator"), "447801234567");
-    EXPECT_EQ(f.state.OriginatorId, "447801234567");
+    EXPECT_EQ(p.settings.read("Parlane", "Settings", "Originator"), "4478012345671234");
+    EXPECT_EQ(f.state.OriginatorId, "4478012345671234");
 }
 
 TEST(ModemInfo, EveryClickStoresTheTickAndOneStopsTheNotice) {
@@ -165,11 +137,6 @@ TEST(ModemInfo, EveryClickStoresTheTickAndOneStopsTheNotice) {
     EXPECT_TRUE(frmModemInfo::Wanted(f.settings()));
     frmModemInfo dialog(f);
     dialog.Form_Load();
-    EXPECT_EQ(dialog.Caption, "Modem Settings Information");
-    EXPECT_EQ(dialog.lblInfo.Caption, Text(sid::ModemInfoConfigureDefaults) + "\r\n\r\n" +
-                                          Text(sid::ModemInfoSameAsControlPanel) + "\r\n\r\n" +
-                                          Text(sid::ModemInfoModemPerCentre) + "\r\n\r\n" +
-                                          Text(sid::ModemInfoNotThePlace));
     EXPECT_FALSE(dialog.chkShowModemInfo.Value);
     dialog.chkShowModemInfo.Value = true;
     dialog.chkShowModemInfo_Click();

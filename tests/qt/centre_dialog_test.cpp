@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -82,8 +83,24 @@ TEST(QtCentreEditor, ACentreAddedByKeysCarriesAMessage) {
     ASSERT_EQ(UpperBound(form.QueueBuffer), 1);
     EXPECT_EQ(form.QueueBuffer[1].ProviderName, "Sim UCP");
     window.action("mnuSend")->trigger();
-    QTRY_VERIFY_WITH_TIMEOUT(p.archiveFiles().size() == 1 && !form.state.CallActive, 30000);
+    // The menus follow the call.
+    bool sawCall = false;
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            if (form.state.CallActive && !sawCall) {
+                sawCall = true;
+                EXPECT_FALSE(window.action("mnuSend")->isEnabled());
+                EXPECT_FALSE(window.action("mnuQueue")->isEnabled());
+                EXPECT_TRUE(window.action("mnuHangUp")->isEnabled());
+                EXPECT_TRUE(window.findChild<QLabel*>("lblOnline")->isVisibleTo(&window));
+            }
+            return p.archiveFiles().size() == 1 && !form.state.CallActive;
+        }(),
+        30000);
+    EXPECT_TRUE(sawCall);
     EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+    EXPECT_TRUE(window.action("mnuSend")->isEnabled());
+    EXPECT_FALSE(window.action("mnuHangUp")->isEnabled());
     form.Form_QueryUnload();
     form.Form_Unload();
 }

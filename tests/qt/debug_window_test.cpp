@@ -46,7 +46,8 @@ TEST(DebugWindow, OpensFromTheCommandAndFollowsThePanesAtTheirCaret) {
     EXPECT_EQ(static_cast<int>(at), caret.position() - 2);  // less the two row ends before it
     const std::string after = model.FromServer.Text().substr(at, 1);
     model.Sent("\x1bPG1\r");
-    EXPECT_EQ(model.FromServer.Text().substr(at, 6), "....." + after);
+    model.Received("Z");
+    EXPECT_EQ(model.FromServer.Text().substr(at, 7), ".....Z" + after);
     EXPECT_GT(received->blockCount(), 3);
     EXPECT_EQ(received->toPlainText().remove('\n'), LinePaneText(model.FromServer.Text()));
     EXPECT_EQ(sent->toPlainText().remove('\n'), LinePaneText(model.ToServer.Text()));

@@ -15,7 +15,6 @@ TEST_F(ComposePanel, NumberFieldsTakeDigitsOnlyAndAlwaysDropThePerson) {
         EXPECT_EQ(f->Names.ListIndex, -1);
         EXPECT_EQ(f->Names.Text, "Names");
     }
-    EXPECT_EQ(f->Country.ListCount(), 242);
     pick(f->Country, "Vatican City");
     f->Country_Click();
     EXPECT_EQ(f->txtCountryCode.Text, "39");
