@@ -1,6 +1,6 @@
 // The AT modem provider through the real serial code, on a pseudo-terminal with an emulated
 // Hayes modem, in real time: the command dialogue, failed calls, hang-up and the next call, the
-// UUCP lock and the device list.
+// UUCP lock, and whole messages sent by the main window through the device list.
 #include "line/at/at_modem.h"
 
 #include <fcntl.h>
@@ -18,6 +18,7 @@
 #include "support/pty_modem_emulator.h"
 #include "support/real_time_loop.h"
 #include "support/temp_files.h"
+#include "support/test_platform.h"
 
 namespace parlane {
 namespace {
@@ -238,6 +239,39 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
     // Nothing open: the serial side refuses quietly.
     EXPECT_FALSE(list.CloseCommunicationsPort());
+}
+
+// The main window sends through device 2 of the device list: the modem on the pty.
+TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
+    for (const auto& [number, protocol] :
+         {std::pair{"100100", ProtocolTap}, {"100101", ProtocolUcp}}) {
+        SCOPED_TRACE(number);
+        PtyModemEmulator emulator;
+        testing::TestPlatform p;
+        RealTimeLoop loop;
+        SimulatedModem simulated(loop);
+        AtModemOptions defaults;
+        defaults.lockDir.clear();
+        DeviceList devices(loop, simulated, emulator.devicePath(), defaults, {});
+        auto centre = testing::MakeProvider("Modem", protocol, "3");
+        centre.TapiDevice = "2";
+        centre.AreaCode = "0800";
+        centre.Number = number;
+        p.writeProviders({centre});
+        frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
+                     p.globals);
+        form.Form_Load();
+        testing::Compose(form, "Hello over a real port", "44", "07700", "900123");
+        form.mnuQueue_Click();
+        form.mnuSend_Click();
+        EXPECT_TRUE(loop.runUntil(
+            [&] { return form.lblInfo.Caption == "There are no more messages in the queue  "; }));
+        // After the run the call is dropped and the line closed (IDLE closes it).
+        EXPECT_TRUE(loop.runUntil([&] { return form.lblEvent == "1"; }));
+        EXPECT_FALSE(emulator.callUp());
+        EXPECT_EQ(emulator.accepted(), 1);
+        EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+    }
 }
 
 }  // namespace
