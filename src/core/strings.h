@@ -18,6 +18,12 @@ class Strings {
     std::string LoadResString(int id) const;
     // The product's name in the bank in use (string 1052): titles, settings application name.
     std::string ProductName() const;
+
+    // The English bank, for parts that word their texts before the program names its own bank.
+    static const Strings& English() {
+        static const Strings english;
+        return english;
+    }
 };
 
 // A failure on the status line: the error's number, the action's name and the system's

@@ -26,8 +26,7 @@ class TAPISubs {
     // The product's name, for lineInitialize.
     std::string appName = "Parlane";
     // The bank in use, for the log's words; the window points it at its own.
-    static inline const Strings kBank1{};
-    const Strings* strings = &kBank1;
+    const Strings* strings = &Strings::English();
 
     void InitTelephony();
     void ShutdownTelephony();

@@ -52,8 +52,7 @@ class TcpLine : public TapiProvider, public SerialLink {
     // A line in plain words for the debug log: where the call goes, why it failed.
     std::function<void(const std::string& text)> onNote;
     // The bank the notes are worded from; the program points it at the one in use.
-    static inline const Strings kBank1{};
-    const Strings* strings = &kBank1;
+    const Strings* strings = &Strings::English();
     TcpFailure lastFailure() const { return lastFailure_; }
 
     // Telephony; this provider has one device, index 0.
