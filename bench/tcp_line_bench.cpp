@@ -25,7 +25,7 @@ void BM_OneUcpMessageFromDialToAcknowledgement(benchmark::State& state) {
         testing::TestPlatform p;
         testing::RealTimeLoop loop;
         SimulatedModem simulated(loop);
-        DeviceList devices(loop, simulated, "", AtModemOptions{}, {});
+        DeviceList devices(loop, simulated, "", "", AtModemOptions{}, {});
         devices.tcp().setExtraTrustFile(cert.certFile);
         std::unique_ptr<testing::LoopbackCentre> server;
         auto centre = testing::MakeProvider("Centre", ProtocolUcp, "3");

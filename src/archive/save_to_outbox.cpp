@@ -62,12 +62,14 @@ bool frmMain::WriteOutboxFile(const FinishedMessage& file) {
     return false;
 }
 
-void frmMain::SaveToOutbox(const std::string& status, const QueuedMessage& message) {
+void frmMain::SaveToOutbox(const std::string& outcome, const QueuedMessage& message) {
+    const std::string status = ArchiveStatus(outcome, message);
     WriteOutboxFile(BuildOutboxFile(status, message));
     if (onArchived) onArchived(status, message);
 }
 
-void frmMain::ArchiveFinished(const std::string& status, const QueuedMessage& message) {
+void frmMain::ArchiveFinished(const std::string& outcome, const QueuedMessage& message) {
+    const std::string status = ArchiveStatus(outcome, message);
     const FinishedMessage file = BuildOutboxFile(status, message);
     JournalQueue({file});
     WriteOutboxFile(file);

@@ -48,39 +48,58 @@ void SendAndExit::archived(const std::string& status, const QueuedMessage& messa
     quietTicks_ = 0;
 }
 
+const QueuedMessage* SendAndExit::find(int number) const {
+    for (const MessageTable* table : {&form_.QueueBuffer, &form_.SendBuffer})
+        for (int i = 1; i <= UpperBound(*table); ++i)
+            if ((*table)[static_cast<std::size_t>(i)].MessageNumber == number)
+                return &(*table)[static_cast<std::size_t>(i)];
+    return nullptr;
+}
+
 bool SendAndExit::pending(int number) const {
-    const auto has = [number](const MessageTable& table) {
-        for (int i = 1; i <= UpperBound(table); ++i)
-            if (table[static_cast<std::size_t>(i)].MessageNumber == number) return true;
-        return false;
-    };
-    return has(form_.QueueBuffer) || has(form_.SendBuffer);
+    return find(number) != nullptr;
 }
 
 int SendAndExit::exitStatus() const {
     if (final_ >= 0) return final_;
+    const auto startsWith = [this](const std::string& status, int id) {
+        return status.rfind(form_.LoadResString(id), 0) == 0;
+    };
+    const std::string simulated =
+        form_.LoadResString(sid::MessageSentSuccessfully) + " " +
+        form_.LoadResString(sid::SimulatedMark);
+    bool demonstration = false;
     for (int number : numbers_) {
-        if (pending(number)) return kExitUnfinished;
+        if (const QueuedMessage* queued = find(number))
+            return form_.LineProblemFor(*queued).empty() ? kExitUnfinished : kExitNoLine;
         const auto found = status_.find(number);
         if (found == status_.end()) return kExitUnfinished;  // taken out of the queue by hand
         const std::string& status = found->second;
         if (status == form_.LoadResString(sid::MessageSentSuccessfully)) continue;
-        if (status.rfind(form_.LoadResString(sid::MessageRejectedBySmsc), 0) == 0)
-            return kExitRefused;
-        if (status == form_.LoadResString(sid::AbortedUserPressedStop)) return kExitUnfinished;
+        if (status == simulated) {
+            demonstration = true;
+            continue;
+        }
+        if (startsWith(status, sid::MessageRejectedBySmsc)) return kExitRefused;
+        if (startsWith(status, sid::AbortedUserPressedStop)) return kExitUnfinished;
         return kExitLineFailed;
     }
-    return kExitSent;
+    return demonstration ? kExitSimulated : kExitSent;
 }
 
 std::vector<std::string> SendAndExit::report() const {
     std::vector<std::string> lines;
     for (int number : numbers_) {
         const auto found = status_.find(number);
-        lines.push_back(
-            form_.LoadResString(sid::MessageNumberPrefix) + std::to_string(number) + ": " +
-            (pending(number) || found == status_.end() ? form_.LoadResString(sid::MessageInQueue)
-                                                       : found->second));
+        std::string end = found == status_.end() ? std::string() : found->second;
+        if (const QueuedMessage* queued = find(number)) {
+            end = form_.LineProblemFor(*queued);
+            if (end.empty()) end = form_.LoadResString(sid::MessageInQueue);
+        } else if (end.empty()) {
+            end = form_.LoadResString(sid::MessageInQueue);
+        }
+        lines.push_back(form_.LoadResString(sid::MessageNumberPrefix) + std::to_string(number) +
+                        ": " + end);
     }
     return lines;
 }

@@ -26,6 +26,8 @@ enum SendExitStatus : int {
     kExitRefused = 6,     // the centre refused the message
     kExitUnfinished = 7,  // stopped, closed, or no progress: the message is still in the queue
     kExitHomeInUse = 8,   // another copy holds the home; nothing was queued
+    kExitNoLine = 9,      // its centre has no line here (or no number): still in the queue
+    kExitSimulated = 10,  // "sent" through the simulated modem: nothing left the machine
 };
 
 class SendAndExit {
@@ -45,6 +47,8 @@ class SendAndExit {
     void archived(const std::string& status, const QueuedMessage& message);
     void tick();
     bool pending(int messageNumber) const;
+    // The message while it is still queued or in the run, else null.
+    const QueuedMessage* find(int messageNumber) const;
     void finish();
 
     frmMain& form_;

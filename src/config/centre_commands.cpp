@@ -105,7 +105,9 @@ void frmMain::AddDemoCentres() {
     SortProviders(Providers);
     Services.Clear();
     for (const auto& p : Providers) Services.AddItem(p.ProviderName);
-    Services.select(Services.FindRow(DemoCentres().front().ProviderName));
+    const std::string first = DemoCentres().front().ProviderName;
+    Services.select(Services.FindRow(first));
+    if (Services.FindRow(DefaultCentre()) < 0) settings_.Save(key::DefaultCentre, first);
     Services_Click();
     SaveProviders();
     changed();

@@ -34,8 +34,4 @@ std::vector<Provider> DemoCentres() {
     return centres;
 }
 
-bool IsUsableCentre(const Provider& centre) {
-    return !centre.ProviderName.empty() && !centre.Number.empty();
-}
-
 }  // namespace parlane

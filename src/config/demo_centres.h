@@ -11,7 +11,4 @@ namespace parlane {
 
 std::vector<Provider> DemoCentres();
 
-// A centre that can be dialled: it has a name and a number.
-bool IsUsableCentre(const Provider& centre);
-
 }  // namespace parlane

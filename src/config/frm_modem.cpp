@@ -1,6 +1,5 @@
 #include "config/frm_modem.h"
 
-#include "core/cp1252.h"
 #include "core/string_ids.h"
 #include "ui/frm_main.h"
 
@@ -11,17 +10,9 @@ void frmModem::Form_Load() {
     Label1.Caption = main_.LoadResString(sid::PleaseSelectModem);
     Label2.Caption = main_.LoadResString(sid::LabelModem);
     main_.tapi.FillDeviceList(cboTapiDevice);
-    if (cboTapiDevice.ListCount() > 0) {
-        int row = 0;
-        for (int i = 0; i < cboTapiDevice.ListCount(); ++i)
-            if (Cp1252LowerCase(cboTapiDevice.rows[static_cast<std::size_t>(i)]).find("modem") !=
-                std::string::npos) {
-                row = i;
-                break;
-            }
-        cboTapiDevice.select(row);
-    }
-    if (cboTapiDevice.Text.empty()) {
+    // Only a serial modem is proposed; the simulated modem and the internet line must be picked.
+    cboTapiDevice.select(main_.tapi.FirstModemRow());
+    if (cboTapiDevice.ListCount() == 0) {
         main_.ShowMessageBox(main_.LoadResString(sid::NoModemsInstalled) + "\r\n\r\n" +
                                  main_.LoadResString(sid::PleaseInstallModem),
                              MbCritical);

@@ -13,7 +13,7 @@ class frmModem {
   public:
     explicit frmModem(frmMain& main) : main_(main) {}
 
-    // Fills the device list and proposes the first device with "modem" in its name.
+    // Fills the device list and proposes the first serial modem, or nothing.
     void Form_Load();
     // Makes the chosen device every centre's modem and remembers the choice.
     void cmdProviderItemOk_Click();

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "core/cp1252.h"
 #include "core/settings_store.h"
 #include "core/string_ids.h"
 #include "line/tapi_text.h"
@@ -65,15 +64,9 @@ void frmSMSCEdit::Form_Load() {
     chkProviderMultiMessage_Click();
 
     main_.tapi.FillDeviceList(cboTapiDevice);
-    if (cboTapiDevice.ListCount() == 0) return;
-    int row = 0;
-    for (int i = 0; i < cboTapiDevice.ListCount(); ++i) {
-        if (Cp1252LowerCase(cboTapiDevice.rows[static_cast<std::size_t>(i)]).find("modem") ==
-            std::string::npos)
-            continue;
-        row = i;
-        break;
-    }
+    // Only a serial modem is proposed: the simulated modem and the internet line must be picked.
+    const int row = main_.tapi.FirstModemRow();
+    if (row < 0) return;
     cboTapiDevice.select(row);
     cboTapiDevice_Click();
 }
@@ -257,13 +250,21 @@ void frmSMSCEdit::cmdProviderItemOk_Click() {
     p.MaxMessages = txtMaxMessages.Text;
     p.AllowASCII = chkASCII.Value ? "1" : "0";
     p.DevConfig = EditorDevConfig;
+    // The empty record of a missing smsc.dat gives way to the first real centre.
+    std::erase_if(providers, [](const Provider& centre) { return centre.ProviderName.empty(); });
     SortProviders(providers);
 
     auto& services = main_.Services;
     services.Clear();
     for (const auto& centre : providers) services.AddItem(centre.ProviderName);
     services.select(services.FindRow(txtProviderName.Text));
-    if (chkDefaultSMSC.Value) main_.settings().Save(key::DefaultCentre, txtProviderName.Text);
+    // A default that names no centre gives way too, so the panel comes back to this one.
+    const std::string defaultName = main_.DefaultCentre();
+    const bool defaultListed =
+        std::any_of(providers.begin(), providers.end(),
+                    [&](const Provider& centre) { return centre.ProviderName == defaultName; });
+    if (chkDefaultSMSC.Value || !defaultListed)
+        main_.settings().Save(key::DefaultCentre, txtProviderName.Text);
     if (chkDefModem.Value) DefModem(providers, cboTapiDevice.ListIndex);
     unloaded = true;
 }

@@ -25,6 +25,7 @@ constexpr std::array kKeys = {
     key::ModemIndex,
     key::ModemName,
     key::ModemPorts,
+    key::ModemLines,
     key::ModemTip,
     key::EmailSupport,
     key::WebSupport,
@@ -48,7 +49,7 @@ constexpr std::array kKeys = {
     key::InternationalPrefix,
     key::Tone,
 };
-constexpr std::size_t kFirstTextName = 20;
+constexpr std::size_t kFirstTextName = 21;
 static_assert(kKeys[kFirstTextName].key == "Name1" && kKeys[kFirstTextName + 6].key == "Note1");
 
 }  // namespace

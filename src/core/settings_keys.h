@@ -36,6 +36,8 @@ inline constexpr SettingKey FirstRunModem{"FirstRun", "Modem", "0"};
 inline constexpr SettingKey ModemIndex{"Modem", "Index", "0"};
 inline constexpr SettingKey ModemName{"Modem", "Name", ""};
 inline constexpr SettingKey ModemPorts{"Modem", "Ports", ""};
+// The line behind each device number, ";" between them (line/device_list.h).
+inline constexpr SettingKey ModemLines{"Modem", "Lines", ""};
 inline constexpr SettingKey ModemTip{"Options", "ModemTip", "0"};
 // Whoever runs the product sets these two.
 inline constexpr SettingKey EmailSupport{"URL", "EmailSupport", "support@parlane.invalid"};

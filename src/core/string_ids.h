@@ -473,4 +473,16 @@ inline constexpr int LogClosingIt = 1463;
 // No one else can drive the program: the session bus is missing or another copy holds the name.
 inline constexpr int LogAutomationNotOffered = 1464;
 
+// Our own: the line a message goes through, and a centre that has none here (1470-1479).
+inline constexpr int LineLabel = 1470;
+inline constexpr int LineNotOnThisComputer = 1471;
+inline constexpr int LineNoneChosen = 1472;
+inline constexpr int CentreHasNoNumber = 1473;
+inline constexpr int CentreHasNoLine = 1474;
+inline constexpr int CentreLineGone = 1475;
+inline constexpr int NothingSentSeeCentres = 1476;
+inline constexpr int SimulatedMark = 1477;
+inline constexpr int LogCentreMovedToItsPort = 1478;
+inline constexpr int LogModemNotConfirmed = 1479;
+
 }  // namespace parlane::sid

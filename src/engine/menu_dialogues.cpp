@@ -135,11 +135,11 @@ void frmMain::TimRow() {
         ShowStatus(LoadResString(sid::WaitingForAcknowledgement));
     } else if (state.MoreInCall) {
         EndMessage(sid::MessageSentSuccessfully);
-        ShowStatus(LoadResString(sid::MessageSentSuccessfully));
+        ShowStatus(OutcomeText(sid::MessageSentSuccessfully));
         WalkBack();
     } else {
         EndMessage(sid::MessageSentSuccessfully);
-        ShowStatus(LoadResString(sid::MessageSentSuccessfully));
+        ShowStatus(OutcomeText(sid::MessageSentSuccessfully));
         LeaveMenu("q" + kCr + kCr);
     }
 }
@@ -160,12 +160,12 @@ void frmMain::WalkBack() {
 void frmMain::TimRefusal() {
     if (state.MoreInCall) {
         EndMessage(sid::MessageRejectedBySmsc);
-        ShowStatus(LoadResString(sid::MessageRejectedBySmsc));
+        ShowStatus(OutcomeText(sid::MessageRejectedBySmsc));
         WalkBack();
     } else {
         EndMessage(sid::MessageRejectedBySmsc);
         LeaveMenu("q" + kCr + kCr);
-        ShowStatus(LoadResString(sid::MessageRejectedBySmsc));
+        ShowStatus(OutcomeText(sid::MessageRejectedBySmsc));
     }
 }
 

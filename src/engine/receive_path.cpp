@@ -90,7 +90,7 @@ void frmMain::EndMessage(int statusId) {
 void frmMain::RejectAndHangUp() {
     EndMessage(sid::MessageRejectedBySmsc);
     HangUpDialogue();
-    ShowStatus(LoadResString(sid::MessageRejectedBySmsc));
+    ShowStatus(OutcomeText(sid::MessageRejectedBySmsc));
 }
 
 // The checks that hold in every dialogue but UCP. Those that hang up empty the buffer, so that
@@ -101,7 +101,7 @@ bool frmMain::RunCommonChecks() {
     if (buffer.contains(TapDoneShort) || buffer.contains(TapDoneLong)) {
         EndMessage(sid::MessageSentSuccessfully);
         HangUpDialogue();
-        ShowStatus(LoadResString(sid::MessageSentSuccessfully));
+        ShowStatus(OutcomeText(sid::MessageSentSuccessfully));
     }
     if (buffer.contains(std::string(1, EOT))) HangUpDialogue();
     if (buffer.contains(TapRefused)) TapRefusedCheck();

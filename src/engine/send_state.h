@@ -39,6 +39,8 @@ struct SendState {
     bool TimDialogue = false;
     bool UcpDialogue = false;
     std::int16_t DialDevice = 0;
+    // The call in progress is on the simulated modem: its outcomes say "(simulated)".
+    bool SimulatedCall = false;
     SendCounters counters;
 
     bool anyDialogueFlag() const {

@@ -64,9 +64,14 @@ void frmMain::mnuHangUp_Click() {
 void frmMain::timSendMessages_Timer() {
     timSendMessages.setEnabled(false);
     if (state.DialPending) return;
+    state.SimulatedCall = false;  // the last call's outcomes have been told
     if (PrepareNextBatch()) {
         state.DialPending = true;
         DialCenter();
+    } else if (!heldBack_.empty()) {
+        // Send Single's saved queue comes back first, so that the reason stays on show.
+        if (timCheckSingleMessageSent.Enabled()) RestoreSingleMessageQueue();
+        ShowStatus(heldBack_ + " - " + LoadResString(sid::NothingSentSeeCentres));
     } else {
         ShowStatus(LoadResString(sid::NoMoreMessages));
     }
@@ -102,6 +107,7 @@ void frmMain::ShowMessageInPanel(const QueuedMessage& message) {
     txtNumber.Text = message.Number;
     txtMessage.Text = message.Text;
     Services.select(message.ProviderIndex);
+    ShowCentreLine();
 }
 
 void frmMain::SendNextMessage() {

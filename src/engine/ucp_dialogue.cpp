@@ -25,7 +25,7 @@ void frmMain::HandleUcpText(const std::string& text) {
     if (!positive && !buffer.contains("/R/" + op + "/N/", TextBuffer::Case::Upper)) return;
 
     const std::string status =
-        LoadResString(positive ? sid::MessageSentSuccessfully : sid::MessageRejectedBySmsc);
+        OutcomeText(positive ? sid::MessageSentSuccessfully : sid::MessageRejectedBySmsc);
     ShowStatus(status);
     // A refusal keeps the two blanks of its status line in the archive.
     FinishHeadMessage(positive ? status : status + "  ");

@@ -43,6 +43,7 @@ void frmMain::DialCenter() {
     state.TimDialogue = centre.Protocol == ProtocolTim;
     state.LibertelDialogue = centre.Protocol == ProtocolLibertel;
 
+    state.SimulatedCall = OnSimulatedLine(centre);
     ShowStatus(LoadResString(sid::Sending));
     state.CenterPassword = centre.Password;
     ShowMessageInPanel(head);
@@ -174,6 +175,8 @@ void frmMain::HangUp() {
     for (int i = 0; i < Services.ListCount(); ++i)
         if (Services.rows[static_cast<std::size_t>(i)] == defaultName) Services.select(i);
     if (Services.ListIndex < 0 && Services.ListCount() > 0) Services.select(0);
+    // Its limit and line too, so that the next message can be typed at once.
+    Services_Click();
     if (!state.LineInUseRetry && !unloading_) {
         timSendMessages.setEnabled(false);
         state.DialPending = false;

@@ -18,6 +18,18 @@ std::string ReadableById(std::string id) {
     return id;
 }
 
+// Empty entries are kept: they are numbers whose line was lost and must stay taken.
+std::vector<std::string> SplitLinesSetting(const std::string& text) {
+    std::vector<std::string> keys;
+    std::size_t start = 0;
+    for (;;) {
+        const auto end = text.find(';', start);
+        keys.push_back(text.substr(start, end == std::string::npos ? end : end - start));
+        if (end == std::string::npos) return keys;
+        start = end + 1;
+    }
+}
+
 std::string Canonical(const std::string& path) {
     std::error_code ec;
     const auto real = fs::canonical(path, ec);
@@ -55,28 +67,61 @@ std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir) {
     return found;
 }
 
+std::vector<std::string> NumberLines(const std::vector<std::string>& remembered,
+                                     const std::vector<std::string>& present) {
+    std::vector<std::string> keys{SimulatedModem::kLineKey, TcpLine::kLineKey};
+    std::set<std::string> numbered(keys.begin(), keys.end());
+    for (std::size_t i = keys.size(); i < remembered.size(); ++i) {
+        // A duplicated entry stays a gap, so that the numbers after it hold.
+        const bool first = !remembered[i].empty() && numbered.insert(remembered[i]).second;
+        keys.push_back(first ? remembered[i] : std::string());
+    }
+    for (const auto& key : present)
+        if (numbered.insert(key).second) keys.push_back(key);
+    return keys;
+}
+
 DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
-                       const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected)
+                       const std::string& linesSetting, const AtModemOptions& modemDefaults,
+                       std::vector<SerialPortEntry> detected)
     : simulated_(simulated),
       tcp_(loop),
       portsSetting_(portsSetting),
       detected_(std::move(detected)),
       location_(modemDefaults.location) {
-    devices_.push_back({&simulated, &simulated, nullptr});
-    devices_.push_back({&tcp_, &tcp_, nullptr});
     std::set<std::string> listed;
-    const auto add = [&](const std::string& path, const std::string& name) {
-        AtModemOptions options = modemDefaults;
-        options.devicePath = path;
-        options.lineName = name;
-        auto modem = std::make_unique<AtModem>(loop, options);
-        devices_.push_back({modem.get(), &modem->serialLink(), std::move(modem)});
-    };
+    std::vector<SerialPortEntry> ports;
     for (const auto& path : SplitPortsSetting(portsSetting))
-        if (listed.insert(Canonical(path)).second) add(path, path);
+        if (listed.insert(Canonical(path)).second) ports.push_back({path, path});
     // A detected port that the settings already name is not listed twice.
     for (const auto& port : detected_)
-        if (listed.insert(Canonical(port.path)).second) add(port.path, port.name);
+        if (listed.insert(Canonical(port.path)).second) ports.push_back(port);
+    std::vector<std::string> present;
+    for (const auto& port : ports) present.push_back(port.path);
+    std::vector<std::string> remembered;
+    if (!linesSetting.empty()) remembered = SplitLinesSetting(linesSetting);
+
+    for (const auto& key : NumberLines(remembered, present)) {
+        if (key == SimulatedModem::kLineKey) {
+            devices_.push_back({&simulated, &simulated, nullptr, key});
+            continue;
+        }
+        if (key == TcpLine::kLineKey) {
+            devices_.push_back({&tcp_, &tcp_, nullptr, key});
+            continue;
+        }
+        const auto port = std::find_if(ports.begin(), ports.end(),
+                                       [&](const SerialPortEntry& p) { return p.path == key; });
+        if (port == ports.end()) {
+            devices_.push_back({nullptr, nullptr, nullptr, key});
+            continue;
+        }
+        AtModemOptions options = modemDefaults;
+        options.devicePath = port->path;
+        options.lineName = port->name;
+        auto modem = std::make_unique<AtModem>(loop, options);
+        devices_.push_back({modem.get(), &modem->serialLink(), std::move(modem), key});
+    }
     applyLocation();
 }
 
@@ -101,7 +146,7 @@ AtModem* DeviceList::modem(std::uint32_t device) {
 }
 
 DeviceList::Device* DeviceList::find(std::uint32_t device) {
-    return device < devices_.size() ? &devices_[device] : nullptr;
+    return device < devices_.size() && devices_[device].provider ? &devices_[device] : nullptr;
 }
 
 DeviceList::Device* DeviceList::active() {
@@ -112,7 +157,7 @@ std::int32_t DeviceList::lineInitialize(LineCallbackFunction callback, const std
                                         std::uint32_t& deviceCount) {
     for (auto& d : devices_) {
         std::uint32_t ignored = 0;
-        d.provider->lineInitialize(callback, appName, ignored);
+        if (d.provider) d.provider->lineInitialize(callback, appName, ignored);
     }
     deviceCount = static_cast<std::uint32_t>(devices_.size());
     return 0;
@@ -120,7 +165,8 @@ std::int32_t DeviceList::lineInitialize(LineCallbackFunction callback, const std
 
 std::int32_t DeviceList::lineShutdown() {
     CloseCommunicationsPort();
-    for (auto& d : devices_) d.provider->lineShutdown();
+    for (auto& d : devices_)
+        if (d.provider) d.provider->lineShutdown();
     activeDevice_ = -1;
     return 0;
 }
@@ -132,8 +178,13 @@ std::int32_t DeviceList::lineNegotiateAPIVersion(std::uint32_t device, std::uint
 }
 
 std::int32_t DeviceList::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
+    if (device >= devices_.size()) return LINEERR_BADDEVICEID;
+    caps.lineKey = devices_[device].key;
     auto* d = find(device);
-    return d ? d->provider->lineGetDevCaps(0, caps) : LINEERR_BADDEVICEID;
+    if (!d) return LINEERR_NODEVICE;
+    const auto result = d->provider->lineGetDevCaps(0, caps);
+    caps.lineKey = d->key;
+    return result;
 }
 
 std::int32_t DeviceList::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {

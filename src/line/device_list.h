@@ -1,8 +1,13 @@
 #pragma once
 // The devices the program can dial on: device 0 is the simulated modem, device 1 the internet
 // line (centres reached over TCP), then the serial ports named in the settings (Modem/Ports,
-// separated by ";", each listed under its path as written), then the ports found on the machine.
+// separated by ";", each listed under its path as written) and the ports found on the machine.
 // Nothing is opened or probed until a line is opened.
+//
+// Centres store a device's number, so numbers never move: the Modem/Lines setting remembers the
+// line behind each number (its key: "simulated", "internet" or the port's path). A line keeps
+// its number for good, a new one takes the next free number, and a line that is gone leaves a
+// gap that answers LINEERR_NODEVICE, naming the line it was, until it comes back.
 //
 // The list is a TapiProvider that forwards each call to the device's own provider, and a
 // SerialLink that forwards to the link of the device whose line is open: one line and one call
@@ -31,12 +36,21 @@ namespace parlane {
 // by-id name points at. Only the directory is read.
 std::vector<SerialPortEntry> DetectSerialPorts(const std::string& devDir = "/dev");
 
+// The line key behind each device number. `remembered`: the keys by number as last saved (empty
+// before the first save: then the order of `present`). Numbers 0 and 1 are always the simulated
+// modem and the internet line; every remembered key keeps its number; a present key not yet
+// numbered takes the next free number.
+std::vector<std::string> NumberLines(const std::vector<std::string>& remembered,
+                                     const std::vector<std::string>& present);
+
 class DeviceList : public TapiProvider, public SerialLink {
   public:
-    // `portsSetting`: the Modem/Ports setting. `modemDefaults`: options for every AT modem
-    // (lock folder, init strings, the location); path and name are filled in per port.
+    // `portsSetting`: the Modem/Ports setting. `linesSetting`: the Modem/Lines setting.
+    // `modemDefaults`: options for every AT modem (lock folder, init strings, the location); path
+    // and name are filled in per port.
     DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
-               const AtModemOptions& modemDefaults, std::vector<SerialPortEntry> detected);
+               const std::string& linesSetting, const AtModemOptions& modemDefaults,
+               std::vector<SerialPortEntry> detected);
 
     std::size_t deviceCount() const { return devices_.size(); }
     // The AT modem behind a device, null for the simulated modem and the internet line.
@@ -85,9 +99,10 @@ class DeviceList : public TapiProvider, public SerialLink {
 
   private:
     struct Device {
-        TapiProvider* provider;
+        TapiProvider* provider;  // null: the line is not on this machine now
         SerialLink* link;
         std::unique_ptr<AtModem> owned;
+        std::string key;
     };
     Device* find(std::uint32_t device);
     Device* active();

@@ -69,6 +69,22 @@ void TAPISubs::FillDeviceList(ListControl& list) {
     }
 }
 
+bool TAPISubs::DescribeLine(std::uint32_t device, LineDevCaps& caps) {
+    if (device >= lineDeviceCount_) return false;
+    if (provider_.lineGetDevCaps(device, caps) == 0 && caps.dwUsedSize != 0) return true;
+    caps.dwUsedSize = 0;
+    return false;
+}
+
+int TAPISubs::FirstModemRow() {
+    for (std::uint32_t device = 0; device < lineDeviceCount_; ++device) {
+        LineDevCaps caps;
+        if (DescribeLine(device, caps) && caps.kind == LineKind::Modem)
+            return static_cast<int>(device);
+    }
+    return -1;
+}
+
 bool TAPISubs::OpenLine(std::uint32_t device) {
     const auto negotiated =
         provider_.lineNegotiateAPIVersion(device, kLowVersion, kHighVersion, negotiatedVersion_);

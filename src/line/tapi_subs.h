@@ -33,6 +33,12 @@ class TAPISubs {
     void FillDeviceList(ListControl& list);
     // False when the device cannot be read; `caps.dwUsedSize` is 0 then.
     void GetLineCaps(std::uint32_t device, LineDevCaps& caps);
+    // The device's capabilities, quietly (for the compose panel and the run's checks); false
+    // when it cannot be read. A line that is gone still names itself in `caps.lineKey`.
+    bool DescribeLine(std::uint32_t device, LineDevCaps& caps);
+    // The first device that is a serial modem and can be read, -1 when there is none: the one
+    // to propose where a modem must be proposed, never the simulated modem.
+    int FirstModemRow();
     bool OpenLine(std::uint32_t device);
     PlaceCallResult PlaceCall(const std::string& address, std::uint32_t mediaMode);
     void DropCall();

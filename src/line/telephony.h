@@ -44,11 +44,19 @@ inline constexpr std::int32_t LINEERR_OPERATIONFAILED = static_cast<std::int32_t
 inline constexpr std::int32_t LINEERR_RESOURCEUNAVAIL = static_cast<std::int32_t>(0x8000004B);
 inline constexpr std::int32_t LINEERR_STRUCTURETOOSMALL = static_cast<std::int32_t>(0x8000004D);
 
-// The parts of LINEDEVCAPS the program reads.
+// What kind of line a device is. Only a person may choose the simulated modem: nothing sent
+// through it leaves the machine.
+enum class LineKind { Modem, Internet, Simulated };
+
+// The parts of LINEDEVCAPS the program reads, and two of our own: the kind of line and the name
+// that stays with it while its number does (a port's path). A device that is gone answers
+// LINEERR_NODEVICE with `lineKey` still naming what it was.
 struct LineDevCaps {
     std::uint32_t dwUsedSize = 0;
     std::string providerInfo;
     std::string lineName;
+    LineKind kind = LineKind::Modem;
+    std::string lineKey;
     std::uint32_t dwStringFormat = STRINGFORMAT_ASCII;
     std::uint32_t dwMediaModes = 0;
     std::uint32_t dwMonitorDigitModes = 0;
@@ -63,11 +71,14 @@ inline std::int32_t NegotiateOneDevice(std::uint32_t device, std::uint32_t high,
     return 0;
 }
 inline std::int32_t OneDataModemCaps(std::uint32_t device, LineDevCaps& caps,
-                                     std::string providerInfo, std::string lineName) {
+                                     std::string providerInfo, std::string lineName, LineKind kind,
+                                     std::string lineKey) {
     if (device != 0) return LINEERR_BADDEVICEID;
     caps.dwUsedSize = 240;
     caps.providerInfo = std::move(providerInfo);
     caps.lineName = std::move(lineName);
+    caps.kind = kind;
+    caps.lineKey = std::move(lineKey);
     caps.dwStringFormat = STRINGFORMAT_ASCII;
     caps.dwMediaModes = LINEMEDIAMODE_DATAMODEM;
     caps.dwMonitorDigitModes = 0;

@@ -49,7 +49,9 @@ constexpr const char* kUsage =
     "                  queue MESSAGE for NAME, send, and end when the run is over; the exit\n"
     "                  status is 0 when it was sent, 3 NAME not in the directory, 4 no centre,\n"
     "                  5 the line failed, 6 refused by the centre, 7 not finished (left in the\n"
-    "                  queue), 8 another copy uses the home, 2 not queued for another reason\n";
+    "                  queue), 8 another copy uses the home, 9 its centre has no line here\n"
+    "                  (left in the queue), 10 sent through the simulated modem only (nothing\n"
+    "                  left the machine), 2 not queued for another reason\n";
 
 std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
     std::set<std::string> names;
@@ -180,8 +182,8 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     const QString territory = QLocale::territoryToCode(QLocale::system().territory());
     modemOptions.location =
         LoadDiallingLocation(programSettings, DefaultDiallingLocation(territory.toStdString()));
-    DeviceList devices(loop, modem, programSettings.Get(key::ModemPorts), modemOptions,
-                       DetectSerialPorts());
+    DeviceList devices(loop, modem, programSettings.Get(key::ModemPorts),
+                       programSettings.Get(key::ModemLines), modemOptions, DetectSerialPorts());
     QtDialogueHost dialogues;
     dialogues.setStrings(&globals.strings);
     // The modem, location and ports dialogs of the telephony calls; they save into the settings.
@@ -193,7 +195,10 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     QtRegionalFormats formats;
     frmMain form(Platform{loop, settingsStore, dialogues, formats, devices, devices, home.path},
                  globals);
-    if (QGuiApplication::platformName() != "offscreen")
+    // Only a person at the screen chooses the modem: a script, the bus or the demo never waits
+    // on the question, nor has it answered for them.
+    if (QGuiApplication::platformName() != "offscreen" && options.rest.empty() &&
+        !options.sendAndExit && !options.demo)
         form.showModemDialog = [](frmModem& dialog) { ShowModemDialog(nullptr, dialog); };
     devices.tcp().strings = &globals.strings;
     devices.tcp().onNote = [&form](const std::string& text) { form.debugLog.AppendLog(text); };

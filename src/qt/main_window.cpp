@@ -147,6 +147,8 @@ void MainWindow::controlsChanged() {
     txtMessageQueue_->setPlainText(ToQt(form_.txtMessageQueue.Text));
     lblTextCounter_->setText(ToQt(form_.lblTextCounter.Caption));
     lblTotal_->setText(ToQt(form_.lblTotal.Caption));
+    lblLine_->setText(ToQt(form_.lblLine.Caption));
+    lblLine_->setToolTip(lblLine_->text());
     mirrorLists();
     mirrorMenus();
     for (int i = 0; i < toolbar_->iconCount(); ++i)

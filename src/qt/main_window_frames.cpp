@@ -72,7 +72,11 @@ void MainWindow::buildCompose() {
     lblTextCounter_->setObjectName("lblTextCounter");
     lblTotal_ = new QLabel(fraLogo_);
     lblTotal_->setObjectName("lblTotal");
-    counters->addStretch(1);
+    // Which line the next message goes through; it never widens the window.
+    lblLine_ = new QLabel(fraLogo_);
+    lblLine_->setObjectName("lblLine");
+    lblLine_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    counters->addWidget(lblLine_, 1);
     counters->setSpacing(0);  // "42/160" reads as one figure
     counters->addWidget(lblmLable_);
     counters->addSpacing(4);

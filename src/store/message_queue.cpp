@@ -64,6 +64,8 @@ void SortSendBuffer(MessageTable& table, int& lo, int& hi) {
 int FindCenterByPrefix(const std::vector<Provider>& providers, std::string_view name) {
     for (std::size_t i = 0; i < providers.size(); ++i) {
         const auto& centre = providers[i].ProviderName;
+        // An empty name is a prefix of every name: it would take every centre's messages.
+        if (centre.empty()) continue;
         if (name.substr(0, centre.size()) == centre) return static_cast<int>(i);
     }
     return -1;

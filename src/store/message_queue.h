@@ -51,7 +51,7 @@ int CompareByProviderIndex(const QueuedMessage& a, const QueuedMessage& b);
 void SortSendBuffer(MessageTable& table, int& lo, int& hi);
 
 // The index of the first centre whose name is a prefix of `name` (exact as to case); -1 when
-// none is. A centre with an empty name matches anything.
+// none is. A centre with an empty name matches nothing.
 int FindCenterByPrefix(const std::vector<Provider>& providers, std::string_view name);
 
 }  // namespace parlane

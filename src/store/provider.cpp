@@ -62,6 +62,10 @@ void DefModem(std::vector<Provider>& providers, int index) {
     for (auto& p : providers) p.TapiDevice = std::to_string(index);
 }
 
+bool IsUsableCentre(const Provider& centre) {
+    return !centre.ProviderName.empty() && !centre.Number.empty();
+}
+
 std::string DefaultCentreName(bool editionItaly, bool editionAustralia) {
     if (editionAustralia) return "Telstra Australia";
     if (editionItaly) return "TIM Italy";

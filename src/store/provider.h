@@ -55,6 +55,10 @@ void SortProviders(std::vector<Provider>& providers);
 // Stores the device row in every centre (the caller writes the file).
 void DefModem(std::vector<Provider>& providers, int index);
 
+// A centre that can be dialled: it has a name and a number. The empty record of a missing
+// smsc.dat is not one.
+bool IsUsableCentre(const Provider& centre);
+
 // The name fixed for the edition when SMSC\Default was never set.
 std::string DefaultCentreName(bool editionItaly, bool editionAustralia);
 

@@ -26,6 +26,12 @@ bool Holds(const MessageTable& table, const QueuedMessage& m) {
 }  // namespace
 
 bool frmMain::CheckComposePanel() {
+    // A centre without a number is no centre to queue for (a name not in the table is
+    // LookupCenter's to report).
+    const int centre = FindCenterByPrefix(Providers, Services.Text);
+    const bool unusable =
+        centre >= 0 && !IsUsableCentre(Providers[static_cast<std::size_t>(centre)]);
+    const std::string centreUsable = unusable ? std::string() : Services.Text;
     struct Check {
         const std::string* text;
         int message;
@@ -33,7 +39,7 @@ bool frmMain::CheckComposePanel() {
     };
     const Check checks[] = {
         {&txtMessage.Text, sid::PleaseEnterText, "txtMessage"},
-        {&Services.Text, sid::PleaseSetUpSmsc, "txtMessage"},
+        {&centreUsable, sid::PleaseSetUpSmsc, "txtMessage"},
         {&txtCountryCode.Text, sid::PleaseEnterCountryCode, "txtCountryCode"},
         {&txtAreaCode.Text, sid::PleaseEnterAreaCode, "txtAreaCode"},
         {&txtNumber.Text, sid::PleaseEnterNumber, "txtNumber"},
@@ -188,6 +194,10 @@ void frmMain::LoadQueueAtStart() {
 
 void frmMain::timCheckSingleMessageSent_Timer() {
     if (lblInfo.Caption != LoadResString(sid::NoMoreMessages) + "  ") return;
+    RestoreSingleMessageQueue();
+}
+
+void frmMain::RestoreSingleMessageQueue() {
     timCheckSingleMessageSent.setEnabled(false);
     const auto path = homePath(kQueueFile);
     if (const auto bytes = ReadTable(path)) {
@@ -216,6 +226,33 @@ void frmMain::MoveBatchBackToQueue(MessageTable batch) {
 }
 
 bool frmMain::PrepareNextBatch() {
+    // Messages for a centre with no line here are never dialled: they stay queued, and the
+    // run says why once nothing else is left to send.
+    heldBack_.clear();
+    MessageTable held = EmptyMessageTable(), sendable = EmptyMessageTable();
+    for (int i = 1; i <= UpperBound(QueueBuffer); ++i) {
+        auto& message = QueueBuffer[static_cast<std::size_t>(i)];
+        std::string problem = LineProblemFor(message);
+        if (problem.empty()) {
+            sendable.push_back(std::move(message));
+            continue;
+        }
+        if (heldBack_.empty()) heldBack_ = std::move(problem);
+        held.push_back(std::move(message));
+    }
+    QueueBuffer = std::move(sendable);
+    const bool sending = PrepareSendable();
+    if (UpperBound(held) > 0) {
+        QueueBuffer.insert(QueueBuffer.begin() + 1, held.begin() + 1, held.end());
+        MessageQueue.Clear();
+        for (int i = 1; i <= UpperBound(QueueBuffer); ++i)
+            AddQueueRow(QueueBuffer[static_cast<std::size_t>(i)]);
+        queueChanged();
+    }
+    return sending;
+}
+
+bool frmMain::PrepareSendable() {
     const int n = UpperBound(QueueBuffer);
     const int m = UpperBound(SendBuffer);
     if (n + m == 0) return false;

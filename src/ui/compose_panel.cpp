@@ -82,6 +82,7 @@ void frmMain::Names_LostFocus() {
 }
 
 void frmMain::Services_Click() {
+    ShowCentreLine();
     const int row = Services.ListIndex;
     if (row < 0 || row >= static_cast<int>(Providers.size())) return;
     const double limit = LeadingNumber(Providers[static_cast<std::size_t>(row)].MaxChars);

@@ -84,7 +84,7 @@ class frmMain {
     frmMain& operator=(const frmMain&) = delete;
 
     void setObserver(FormObserver* observer) { observer_ = observer; }
-    // Shows the modem choice as a blocking dialogue; without it the proposed modem is taken.
+    // Shows the modem choice as a blocking dialogue; without it nothing is chosen.
     std::function<void(frmModem&)> showModemDialog;
     // Called after the window unloaded itself (a command-line start that is done).
     std::function<void()> onExit;
@@ -184,6 +184,8 @@ class frmMain {
     bool SaveQueueBuffer();
     void RemoveQueuedMessageRow(int row);
     bool PrepareNextBatch();
+    // PrepareNextBatch for the messages that have a line.
+    bool PrepareSendable();
     int LookupCenter(const std::string& name);
 
     // The run.
@@ -236,6 +238,20 @@ class frmMain {
 
     // Archive.
     void SaveToOutbox(const std::string& status, const QueuedMessage& message);
+
+    // The line of a centre (line/centre_lines.cpp). Empty when its messages can go: it has a
+    // number and names a line that is here; else, in plain words, what is missing.
+    std::string LineProblem(const Provider& centre);
+    // The same for the centre a queued message names; empty when no centre has its name.
+    std::string LineProblemFor(const QueuedMessage& message);
+    bool OnSimulatedLine(const Provider& centre);
+    // An outcome as the status line and the archive give it: marked after a call on the
+    // simulated modem (until the run's next step), so a demonstration never reads like a
+    // delivery.
+    std::string OutcomeText(int statusId) const;
+    std::string ArchiveStatus(const std::string& status, const QueuedMessage& message) const;
+    // lblLine: the line the selected centre's next message goes through.
+    void ShowCentreLine();
 
     // Status line and boxes.
     void ShowStatus(const std::string& text);
@@ -293,7 +309,7 @@ class frmMain {
     // ----- Controls -----
     TextBox txtCountryCode, txtAreaCode, txtNumber, txtMessage, txtMessageQueue;
     ListControl Services, Names, cmbGroupName, MessageQueue, lstGroup, cboTapiDevice;
-    Label lblInfo, lblTotal, lblOnline;
+    Label lblInfo, lblTotal, lblOnline, lblLine;
     std::string lblEvent = "1";
     // The menu tree (main_menu.cpp lists it with the captions' ids) and the two pop-ups.
     MenuItem mnuFile, mnuQueue, mnuSend, mnuSendSingle, mnuInsert, mnuTelephoneDir, mnuNew,
@@ -416,6 +432,13 @@ class frmMain {
     void ShowCentreEditor(frmSMSCEdit& form);
     void LoadProviders();
     void FirstRunModemCheck();
+    // Gives the lines their lasting numbers, mending once a home from before the internet line.
+    void MendCentreLines();
+    bool NumberedBeforeInternetLine();
+    // Puts the queue saved by Send Single back, once its run has ended.
+    void RestoreSingleMessageQueue();
+    // Why the last run left messages queued (centres with no line here); empty when none.
+    std::string heldBack_;
 
   public:
     void ShowModemChoice();

@@ -80,6 +80,7 @@ void frmMain::Form_Load() {
 
     // Steps 5 and 6.
     LoadProviders();
+    MendCentreLines();
     SendBuffer = EmptyMessageTable();
     QueueBuffer = EmptyMessageTable();
 
@@ -166,13 +167,16 @@ void frmMain::SelectDefaultCentre() {
 }
 
 void frmMain::ShowModemChoice() {
+    // Nobody to ask (no display, a script, the bus): the choice is a person's, so nothing is
+    // chosen and every centre keeps the line it names.
+    if (!showModemDialog) {
+        debugLog.AppendLog(LoadResString(sid::LogModemNotConfirmed));
+        return;
+    }
     frmModem dialog(*this);
     dialog.Form_Load();
     if (dialog.unloaded) return;
-    if (showModemDialog)
-        showModemDialog(dialog);
-    else
-        dialog.cmdProviderItemOk_Click();  // nobody to ask: the proposed modem
+    showModemDialog(dialog);
 }
 
 // Until a modem has been chosen, and whenever the chosen one is no longer where it was, the

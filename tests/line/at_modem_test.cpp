@@ -223,22 +223,42 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     SimulatedModem simulated(loop);
     // ttyUSB1 is named in the settings too: listed once, under the path as written.
     const std::string usb1 = (dev / "ttyUSB1").string();
-    DeviceList list(loop, simulated, " /dev/ttyS7 ;" + usb1 + ";", AtModemOptions{}, detected);
+    DeviceList list(loop, simulated, " /dev/ttyS7 ;" + usb1 + ";", "", AtModemOptions{},
+                    detected);
     std::uint32_t count = 0;
     list.lineInitialize([](auto...) {}, "test", count);
-    std::vector<std::string> names;
+    std::vector<std::string> names, keys;
     for (std::uint32_t d = 0; d < count; ++d) {
         LineDevCaps caps;
         EXPECT_EQ(list.lineGetDevCaps(d, caps), 0);
         names.push_back(caps.lineName);
+        keys.push_back(caps.lineKey);
     }
-    EXPECT_EQ(names,
-              (std::vector<std::string>{"Simulated modem", "Internet (TCP)", "/dev/ttyS7", usb1,
-                                        "Acme USB Modem 42 (ttyUSB0)", "USB modem ttyACM0"}));
+    EXPECT_EQ(names, (std::vector<std::string>{SimulatedModem::kLineName, "Internet (TCP)",
+                                               "/dev/ttyS7", usb1, "Acme USB Modem 42 (ttyUSB0)",
+                                               "USB modem ttyACM0"}));
     LineDevCaps caps;
     EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
     // Nothing open: the serial side refuses quietly.
     EXPECT_FALSE(list.CloseCommunicationsPort());
+
+    // The next start, with ttyS7 taken out of the settings and a new port plugged in: every
+    // line keeps its number, the gone one leaves a gap that names it, the new one comes last.
+    std::string remembered;
+    for (const auto& key : keys) remembered += (remembered.empty() ? "" : ";") + key;
+    auto replugged = detected;
+    replugged.push_back({"/dev/ttyACM9", "USB modem ttyACM9"});
+    DeviceList later(loop, simulated, usb1, remembered, AtModemOptions{}, replugged);
+    later.lineInitialize([](auto...) {}, "test", count);
+    ASSERT_EQ(count, keys.size() + 1);
+    for (std::uint32_t d = 0; d < count; ++d) {
+        LineDevCaps now;
+        const auto result = later.lineGetDevCaps(d, now);
+        EXPECT_EQ(now.lineKey, d < keys.size() ? keys[d] : "/dev/ttyACM9");
+        EXPECT_EQ(result, d == 2 ? LINEERR_NODEVICE : 0) << d;
+    }
+    std::uint32_t line = 0;
+    EXPECT_EQ(later.lineOpen(2, line), LINEERR_BADDEVICEID);
 }
 
 // The main window sends through device 2 of the device list: the modem on the pty.
@@ -252,7 +272,7 @@ TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
         SimulatedModem simulated(loop);
         AtModemOptions defaults;
         defaults.lockDir.clear();
-        DeviceList devices(loop, simulated, emulator.devicePath(), defaults, {});
+        DeviceList devices(loop, simulated, emulator.devicePath(), "", defaults, {});
         auto centre = testing::MakeProvider("Modem", protocol, "3");
         centre.TapiDevice = "2";
         centre.AreaCode = "0800";

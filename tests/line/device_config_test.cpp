@@ -65,6 +65,7 @@ struct ListBench {
     DeviceList devices{loop,
                        simulated,
                        "/nonexistent/ttyS9",
+                       "",
                        LondonModems(),
                        {{"/nonexistent/ttyUSB7", "USB serial ttyUSB7"}}};
     DebugLog log;

@@ -78,7 +78,7 @@ struct Road {
     testing::TestPlatform p;
     RealTimeLoop loop;
     SimulatedModem simulated{loop};
-    DeviceList devices{loop, simulated, "", AtModemOptions{}, {}};
+    DeviceList devices{loop, simulated, "", "", AtModemOptions{}, {}};
     frmMain form{Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
                  p.globals};
 };

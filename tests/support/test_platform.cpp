@@ -43,6 +43,8 @@ std::int32_t FakeLine::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
     if (device >= deviceNames.size() || deviceNames[device].empty()) return LINEERR_NODEVICE;
     caps.dwUsedSize = 240;
     caps.lineName = deviceNames[device];
+    caps.lineKey = deviceNames[device];
+    if (device < deviceKinds.size()) caps.kind = deviceKinds[device];
     return 0;
 }
 std::int32_t FakeLine::lineOpen(std::uint32_t device, std::uint32_t& line) {

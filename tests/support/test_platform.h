@@ -92,6 +92,7 @@ class FakeLine : public TapiProvider, public SerialLink {
     LineCallbackFunction callback;
     // The devices' names; an empty name is a device whose capabilities cannot be read.
     std::vector<std::string> deviceNames{"Simulated modem"};
+    std::vector<LineKind> deviceKinds;  // by device; a modem where none is given
     std::string locationCity;          // the dialling location's area code; its country is 44
     std::vector<std::string> log;      // operations in order
     std::vector<std::string> dialled;  // dialable strings of placed calls

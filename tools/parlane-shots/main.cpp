@@ -279,7 +279,7 @@ int Run(int argc, char** argv) {
     SimulatedModem modem(loop);
     AtModemOptions modemOptions;
     modemOptions.location = DefaultDiallingLocation("GB");
-    DeviceList devices(loop, modem, "", modemOptions, {});
+    DeviceList devices(loop, modem, "", "", modemOptions, {});
     QtDialogueHost dialogues;
     dialogues.setStrings(&globals.strings);
     QtDeviceDialogs deviceDialogs(dialogues, globals.strings);

@@ -169,7 +169,8 @@ std::int32_t AtModem::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_
 
 std::int32_t AtModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
     return OneDataModemCaps(device, caps, "Parlane AT modem on " + options_.devicePath,
-                            options_.lineName.empty() ? options_.devicePath : options_.lineName);
+                            options_.lineName.empty() ? options_.devicePath : options_.lineName,
+                            LineKind::Modem, options_.devicePath);
 }
 
 std::int32_t AtModem::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {

@@ -18,7 +18,9 @@ namespace parlane {
 
 class SimulatedModem : public TapiProvider, public SerialLink, private CentreLink {
   public:
-    static constexpr const char* kLineName = "Simulated modem";
+    // The name says what it is wherever a person may choose it.
+    static constexpr const char* kLineName = "Simulated modem (demonstration only)";
+    static constexpr const char* kLineKey = "simulated";
     explicit SimulatedModem(EventLoop& loop, std::uint32_t seed = 1);
     ~SimulatedModem() override;
 

@@ -273,7 +273,8 @@ std::int32_t TcpLine::lineNegotiateAPIVersion(std::uint32_t device, std::uint32_
 }
 
 std::int32_t TcpLine::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
-    return OneDataModemCaps(device, caps, "Parlane internet line (TCP, TLS)", kLineName);
+    return OneDataModemCaps(device, caps, "Parlane internet line (TCP, TLS)", kLineName,
+                            LineKind::Internet, kLineKey);
 }
 
 std::int32_t TcpLine::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {

@@ -41,6 +41,7 @@ std::uint32_t DisconnectModeFor(TcpFailure failure);
 class TcpLine : public TapiProvider, public SerialLink {
   public:
     static constexpr const char* kLineName = "Internet (TCP)";
+    static constexpr const char* kLineKey = "internet";
     explicit TcpLine(EventLoop& loop);
     ~TcpLine() override;
     TcpLine(const TcpLine&) = delete;
