@@ -18,18 +18,21 @@ struct Outcome {
     bool ended = false;
     int queued = 0;  // messages in the queue and the run at the end
     std::vector<std::string> archived;
+    std::vector<std::string> report;
 };
 
 // Runs one start on a home whose centre is dialled at `centreNumber` through the simulated
 // modem (empty: no centre); `during` may act once the run has begun.
 Outcome RunScript(const std::string& centreNumber, const std::string& name,
-                  const std::function<void(TestPlatform&, frmMain&)>& during = {}) {
+                  const std::function<void(TestPlatform&, frmMain&)>& during = {},
+                  const std::string& device = "0") {
     TestPlatform p;
     p.useSimulatedModem();
     if (!centreNumber.empty()) {
         auto centre = MakeProvider("Sim", centreNumber.back() == '2' ? ProtocolVoda : ProtocolTap);
         centre.AreaCode = "0800";
         centre.Number = centreNumber;
+        centre.TapiDevice = device;
         p.writeProviders({centre});
     }
     p.writeDirectory({{"Ann", "44", "07700", "900123", centreNumber.empty() ? "" : "Sim"}});
@@ -42,31 +45,41 @@ Outcome RunScript(const std::string& centreNumber, const std::string& name,
     out.status = script.exitStatus();
     out.queued = UpperBound(f.QueueBuffer) + std::max(0, UpperBound(f.SendBuffer));
     out.archived = p.archiveStatuses();
+    out.report = script.report();
     return out;
 }
 
+// Every run here is on the simulated modem, so even the centre's acknowledgement is no
+// delivery: it has a status of its own, and the archive says so.
 TEST(SendAndExit, TheExitStatusSaysWhatBecameOfTheMessage) {
     struct Case {
         const char* what;
-        std::string centre, name;
+        std::string centre, name, device;
         int status;
         const char* archived;  // nullptr: nothing archived
     } cases[] = {
-        {"sent", "100100", "Ann", kExitSent, "Message Sent Successfully"},
-        {"refused", "109102", "Ann", kExitRefused, "Message Rejected By SMSC"},
-        {"no answer", "102100", "Ann", kExitLineFailed, "Aborted - Maximum Dial Attempts Exceeded"},
-        {"unknown name", "100100", "Bob", kExitNotInDirectory,
+        {"sent", "100100", "Ann", "0", kExitSimulated, "Message Sent Successfully (simulated)"},
+        {"refused", "109102", "Ann", "0", kExitRefused, "Message Rejected By SMSC (simulated)"},
+        {"no answer", "102100", "Ann", "0", kExitLineFailed,
+         "Aborted - Maximum Dial Attempts Exceeded (simulated)"},
+        {"unknown name", "100100", "Bob", "0", kExitNotInDirectory,
          "Aborted - Bob is not in Telephone Directory"},
-        {"no centre", "", "Ann", kExitNoCentre, nullptr},
+        {"no centre", "", "Ann", "0", kExitNoCentre, nullptr},
+        // A line that is not here is never replaced by another: the message waits in the queue.
+        {"line gone", "100100", "Ann", "3", kExitNoLine, nullptr},
+        {"no line chosen", "100100", "Ann", "", kExitNoLine, nullptr},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
-        const Outcome out = RunScript(c.centre, c.name);
+        const Outcome out = RunScript(c.centre, c.name, {}, c.device);
         EXPECT_TRUE(out.ended);
         EXPECT_EQ(out.status, c.status);
-        EXPECT_EQ(out.queued, 0);
+        EXPECT_EQ(out.queued, c.status == kExitNoLine ? 1 : 0);
         EXPECT_EQ(out.archived,
                   c.archived ? std::vector<std::string>{c.archived} : std::vector<std::string>{});
+        if (c.status == kExitNoLine) {
+            EXPECT_NE(out.report.at(0).find("\"Sim\""), std::string::npos) << out.report.at(0);
+        }
     }
 }
 
@@ -82,7 +95,7 @@ TEST(SendAndExit, AStoppedRunEndsUnfinished) {
     EXPECT_TRUE(out.ended);
     EXPECT_EQ(out.status, kExitUnfinished);
     EXPECT_EQ(out.queued, 1);
-    EXPECT_EQ(out.archived, std::vector<std::string>{"Aborted - User Pressed Stop"});
+    EXPECT_EQ(out.archived, std::vector<std::string>{"Aborted - User Pressed Stop (simulated)"});
 }
 
 // A line that is always in use never finishes a message; the start still ends.

@@ -40,7 +40,7 @@ std::string Number(int protocol, char fault, char variant = '1') {
 }
 
 TEST(SimulatedRoad, EveryDialogueDeliversThroughEveryFaultOfTheLine) {
-    const std::vector<std::string> sent(3, "Message Sent Successfully");
+    const std::vector<std::string> sent(3, "Message Sent Successfully (simulated)");
     for (int protocol = ProtocolTap; protocol <= ProtocolLibertel; ++protocol) {
         for (char fault : {'0', '5', '6', '7', '1'}) {
             // TAP and TIM look at the latest chunk only, so text in small pieces is theirs
@@ -77,15 +77,16 @@ TEST(SimulatedRoad, RefusalsPasswordsAndSilence) {
     // The right password gets in; a wrong one is refused call after call until the attempts
     // run out.
     EXPECT_EQ(Drive(ProtocolTap, "109100", 1, "secret").statuses,
-              std::vector<std::string>{"Message Sent Successfully"});
+              std::vector<std::string>{"Message Sent Successfully (simulated)"});
     EXPECT_EQ(Drive(ProtocolTap, "109100", 1, "guess").statuses,
-              std::vector<std::string>{"Aborted - Maximum Dial Attempts Exceeded"});
+              std::vector<std::string>{"Aborted - Maximum Dial Attempts Exceeded (simulated)"});
     // A centre that never speaks: the safety limit cuts each call at its third minute.
     const auto silent = Drive(ProtocolTap, "103100", 1);
     EXPECT_EQ(silent.statuses,
-              (std::vector<std::string>{"Message Sending Timed Out", "Message Sending Timed Out",
-                                        "Message Sending Timed Out",
-                                        "Aborted - Maximum Dial Attempts Exceeded"}));
+              (std::vector<std::string>{"Message Sending Timed Out (simulated)",
+                                        "Message Sending Timed Out (simulated)",
+                                        "Message Sending Timed Out (simulated)",
+                                        "Aborted - Maximum Dial Attempts Exceeded (simulated)"}));
     EXPECT_GT(silent.seconds, 3 * 120);
 }
 
