@@ -18,6 +18,7 @@
 #include <QTimer>
 
 #include "config/frm_smsc_edit.h"
+#include "core/file_io.h"
 #include "line/sim/simulated_modem.h"
 #include "qt/main_window.h"
 #include "qt/qt_event_loop.h"
@@ -68,14 +69,23 @@ TEST(QtCentreEditor, ACentreAddedByKeysCarriesAMessage) {
         QTest::mouseClick(ucp, Qt::LeftButton);
         EXPECT_TRUE(d.findChild<QComboBox*>("cboUCPOperation")->isEnabled());
         EXPECT_FALSE(d.findChild<QCheckBox*>("chkASCII")->isEnabled());
-        EXPECT_EQ(d.findChild<QComboBox*>("cboTapiDevice")->currentText(), "Simulated modem");
+        // The simulated modem is never proposed: the person picks it.
+        auto* device = d.findChild<QComboBox*>("cboTapiDevice");
+        EXPECT_EQ(device->currentIndex(), -1);
+        QTest::keyClick(device, Qt::Key_Down);
+        EXPECT_EQ(device->currentText(), SimulatedModem::kLineName);
         d.findChild<QPushButton*>("cmdProviderItemOk")->click();
+        if (d.isVisible()) d.reject();  // refused: the checks below tell
     });
     window.action("mnuNewSMSC")->trigger();
-    ASSERT_EQ(form.Providers.size(), 2u);
+    // The empty record of the fresh home gives way: the file holds the new centre alone.
+    ASSERT_EQ(form.Providers.size(), 1u);
+    EXPECT_EQ(ParseProviderFile(*ReadWholeFile(p.home / "smsc.dat")).records.size(), 1u);
     EXPECT_EQ(form.Services.Text, "Sim UCP");
-    EXPECT_EQ(form.Providers[1].Protocol, ProtocolUcp);
+    EXPECT_EQ(form.Providers[0].Protocol, ProtocolUcp);
     EXPECT_TRUE(p.dialogues.shown.empty());
+    EXPECT_EQ(window.findChild<QLabel*>("lblLine")->text().toStdString(),
+              std::string("Line: ") + SimulatedModem::kLineName);
 
     testing::Compose(form, "Through a centre of my own", "44", "07700", "900123");
     window.controlsChanged();
@@ -98,7 +108,11 @@ TEST(QtCentreEditor, ACentreAddedByKeysCarriesAMessage) {
         }(),
         30000);
     EXPECT_TRUE(sawCall);
-    EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+    EXPECT_EQ(p.archiveStatuses(),
+              std::vector<std::string>{"Message Sent Successfully (simulated)"});
+    // The panel is back on the centre in use, ready for the next message.
+    EXPECT_EQ(form.Services.Text, "Sim UCP");
+    EXPECT_EQ(form.lblTotal.Caption, "/160");
     EXPECT_TRUE(window.action("mnuSend")->isEnabled());
     EXPECT_FALSE(window.action("mnuHangUp")->isEnabled());
     form.Form_QueryUnload();
