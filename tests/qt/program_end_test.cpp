@@ -16,6 +16,7 @@
 #include <thread>
 
 #include "core/file_io.h"
+#include "line/modem_config.h"
 #include "store/directory.h"
 #include "store/provider.h"
 #include "support/pty_modem_emulator.h"
@@ -83,8 +84,10 @@ struct ProgramRun {
             const int fd = open(output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
             dup2(fd, STDOUT_FILENO);
             dup2(fd, STDERR_FILENO);
-            const char* argv[] = {"parlane", "--home", homeArg.c_str(), "Ann", "hello", nullptr};
-            execve(PARLANE_PROGRAM, const_cast<char**>(argv), envp.data());
+            std::vector<const char*> argv = {"parlane", "--home", homeArg.c_str()};
+            for (const auto& a : arguments) argv.push_back(a.c_str());
+            argv.push_back(nullptr);
+            execve(PARLANE_PROGRAM, const_cast<char**>(argv.data()), envp.data());
             _exit(127);
         }
     }
@@ -112,6 +115,7 @@ struct ProgramRun {
     PtyModemEmulator emulator;
     TempFolder home, locks;
     pid_t pid = -1;
+    std::vector<std::string> arguments{"Ann", "hello"};
 };
 
 TEST(ProgramEnd, TheModemHangsUpBeforeTheProcessEnds) {
@@ -152,6 +156,43 @@ TEST(ProgramEnd, TheModemHangsUpBeforeTheProcessEnds) {
                     std::chrono::duration<double>(took).count(),
                     c.signal ? "the signal" : "the call");
     }
+}
+
+// A home saved before the internet line had its first port on number 1, where the internet line
+// stands now. Started by a script, with no one to answer the modem question, it still dials its
+// own port, and the archive and the exit status tell a real delivery.
+TEST(ProgramRoads, AHomeFromBeforeTheInternetLineStillDialsItsPort) {
+    ProgramRun run;
+    auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
+    centre.TapiDevice = "1";
+    centre.AreaCode = "0800";
+    centre.Number = "100100";
+    centre.DevConfig = EncodeModemConfig(ModemConfig{});
+    std::string error;
+    WriteFileAtomically(run.home.path() / "smsc.dat", SerializeProviderFile({centre}, error));
+    const std::string port = run.emulator.devicePath();
+    std::ofstream(run.home.path() / "Parlane.ini")
+        << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=1\nName=" << port << "\n";
+    run.arguments = {"--send-and-exit", "Ann", "hello"};
+    run.start();
+    const auto status = run.end(std::chrono::seconds(60));
+    ASSERT_TRUE(status) << run.output();
+    EXPECT_TRUE(WIFEXITED(*status) && WEXITSTATUS(*status) == 0) << run.output();
+    EXPECT_NE(run.emulator.dialled().find("0800100100"), std::string::npos);
+    EXPECT_EQ(run.emulator.accepted(), 1);
+    std::string archived;
+    for (const auto& e : std::filesystem::directory_iterator(run.home.path() / "SMS" / "Outbox"))
+        archived += ReadWholeFile(e.path()).value_or("");
+    EXPECT_NE(archived.find("Status: \tMessage Sent Successfully\r\n"), std::string::npos)
+        << archived;
+    const auto centres =
+        ParseProviderFile(*ReadWholeFile(run.home.path() / "smsc.dat")).records;
+    EXPECT_EQ(centres.at(0).TapiDevice, "2");
+    const auto settings = ReadWholeFile(run.home.path() / "Parlane.ini").value_or("");
+    // The numbers are remembered now, and the chosen modem follows its port.
+    EXPECT_NE(settings.find("Lines=\"simulated;internet;" + port + "\""), std::string::npos)
+        << settings;
+    EXPECT_NE(settings.find("Index=2"), std::string::npos) << settings;
 }
 
 }  // namespace
