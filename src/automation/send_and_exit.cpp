@@ -65,9 +65,8 @@ int SendAndExit::exitStatus() const {
     const auto startsWith = [this](const std::string& status, int id) {
         return status.rfind(form_.LoadResString(id), 0) == 0;
     };
-    const std::string simulated =
-        form_.LoadResString(sid::MessageSentSuccessfully) + " " +
-        form_.LoadResString(sid::SimulatedMark);
+    const std::string simulated = form_.LoadResString(sid::MessageSentSuccessfully) + " " +
+                                  form_.LoadResString(sid::SimulatedMark);
     bool demonstration = false;
     for (int number : numbers_) {
         if (const QueuedMessage* queued = find(number))

@@ -461,10 +461,14 @@ constexpr std::array kBank1 = {
     BankString{sid::CentreHasNoNumber, "has no telephone number"},
     BankString{sid::CentreHasNoLine, "has no modem chosen"},
     BankString{sid::CentreLineGone, "uses a line that is not on this computer:"},
-    BankString{sid::NothingSentSeeCentres, "Nothing was sent and the messages stay in the queue: see Settings, Service Centres, Edit"},
+    BankString{
+        sid::NothingSentSeeCentres,
+        "Nothing was sent and the messages stay in the queue: see Settings, Service Centres, Edit"},
     BankString{sid::SimulatedMark, "(simulated)"},
-    BankString{sid::LogCentreMovedToItsPort, "its port is one number further on since the internet line came"},
-    BankString{sid::LogModemNotConfirmed, "Modem choice not confirmed: no one to ask, each centre keeps its line"},
+    BankString{sid::LogCentreMovedToItsPort,
+               "its port is one number further on since the internet line came"},
+    BankString{sid::LogModemNotConfirmed,
+               "Modem choice not confirmed: no one to ask, each centre keeps its line"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

@@ -55,8 +55,7 @@ std::string frmMain::OutcomeText(int statusId) const {
 std::string frmMain::ArchiveStatus(const std::string& status, const QueuedMessage& message) const {
     const std::string mark = LoadResString(sid::SimulatedMark);
     // A message refused before it had a centre never reached any line.
-    if (!state.SimulatedCall || message.ProviderIndex < 0 ||
-        status.find(mark) != std::string::npos)
+    if (!state.SimulatedCall || message.ProviderIndex < 0 || status.find(mark) != std::string::npos)
         return status;
     return status + " " + mark;
 }
@@ -93,8 +92,7 @@ bool frmMain::NumberedBeforeInternetLine() {
     LineDevCaps stored, next;
     tapi.DescribeLine(static_cast<std::uint32_t>(*index), stored);
     return stored.lineName != name &&
-           tapi.DescribeLine(static_cast<std::uint32_t>(*index) + 1, next) &&
-           next.lineName == name;
+           tapi.DescribeLine(static_cast<std::uint32_t>(*index) + 1, next) && next.lineName == name;
 }
 
 void frmMain::MendCentreLines() {
@@ -113,8 +111,7 @@ void frmMain::MendCentreLines() {
             centre.TapiDevice = std::to_string(*device + 1);
             LineDevCaps caps;
             tapi.DescribeLine(*device + 1, caps);
-            debugLog.AppendLog("\"" +
-                               centre.ProviderName + "\": Line " + std::to_string(*device) +
+            debugLog.AppendLog("\"" + centre.ProviderName + "\": Line " + std::to_string(*device) +
                                " -> " + centre.TapiDevice + " (" + LineKeyText(caps, *device + 1) +
                                ") - " + LoadResString(sid::LogCentreMovedToItsPort));
         }

@@ -102,8 +102,7 @@ class MainWindow : public QMainWindow, public FormObserver {
               *cmbGroupName_ = nullptr;
     QListWidget *MessageQueue_ = nullptr, *lstGroup_ = nullptr;
     QLabel *lblInfo_ = nullptr, *lblOnline_ = nullptr, *Picture1_ = nullptr, *lblmLable_ = nullptr,
-           *lblTextCounter_ = nullptr, *lblTotal_ = nullptr,
-           *lblLine_ = nullptr;
+           *lblTextCounter_ = nullptr, *lblTotal_ = nullptr, *lblLine_ = nullptr;
     QPointer<QMessageBox> frmNoResponse_;
     QProgressBar* progBar_ = nullptr;
 };

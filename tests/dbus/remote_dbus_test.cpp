@@ -178,7 +178,8 @@ TEST(RemoteOnTheBus, ColdStartSixMethodsSharedPanelAndWrongCalls) {
     ASSERT_EQ(Call("ParlaneClose").type(), QDBusMessage::ReplyMessage);
     ASSERT_TRUE(WaitFor([] { return !Running(); }, 20));
     const auto statuses = Statuses(home);
-    EXPECT_EQ(std::count(statuses.begin(), statuses.end(), "Message Sent Successfully (simulated)"), 6);
+    EXPECT_EQ(std::count(statuses.begin(), statuses.end(), "Message Sent Successfully (simulated)"),
+              6);
     EXPECT_TRUE(QueuedTexts(home).empty());
 }
 

@@ -104,7 +104,8 @@ DiskState ReadDisk(const std::filesystem::path& home, bool killed) {
             disk.brokenFiles.push_back(entry.path().filename().string());
             continue;
         }
-        if (content.find("Status: \tMessage Sent Successfully (simulated)\r\n") != std::string::npos) {
+        if (content.find("Status: \tMessage Sent Successfully (simulated)\r\n") !=
+            std::string::npos) {
             disk.archivedSent.insert(text);
             disk.acknowledged.insert(text);
         }

@@ -223,8 +223,7 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     SimulatedModem simulated(loop);
     // ttyUSB1 is named in the settings too: listed once, under the path as written.
     const std::string usb1 = (dev / "ttyUSB1").string();
-    DeviceList list(loop, simulated, " /dev/ttyS7 ;" + usb1 + ";", "", AtModemOptions{},
-                    detected);
+    DeviceList list(loop, simulated, " /dev/ttyS7 ;" + usb1 + ";", "", AtModemOptions{}, detected);
     std::uint32_t count = 0;
     list.lineInitialize([](auto...) {}, "test", count);
     std::vector<std::string> names, keys;
@@ -234,9 +233,9 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
         names.push_back(caps.lineName);
         keys.push_back(caps.lineKey);
     }
-    EXPECT_EQ(names, (std::vector<std::string>{SimulatedModem::kLineName, "Internet (TCP)",
-                                               "/dev/ttyS7", usb1, "Acme USB Modem 42 (ttyUSB0)",
-                                               "USB modem ttyACM0"}));
+    EXPECT_EQ(names,
+              (std::vector<std::string>{SimulatedModem::kLineName, "Internet (TCP)", "/dev/ttyS7",
+                                        usb1, "Acme USB Modem 42 (ttyUSB0)", "USB modem ttyACM0"}));
     LineDevCaps caps;
     EXPECT_EQ(list.lineGetDevCaps(count, caps), LINEERR_BADDEVICEID);
     // Nothing open: the serial side refuses quietly.

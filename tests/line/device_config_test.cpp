@@ -62,12 +62,8 @@ struct ListBench {
     MemorySettingsStore store;
     Settings settings{store, "Parlane"};
     testing::ScriptedDeviceDialogs dialogs;
-    DeviceList devices{loop,
-                       simulated,
-                       "/nonexistent/ttyS9",
-                       "",
-                       LondonModems(),
-                       {{"/nonexistent/ttyUSB7", "USB serial ttyUSB7"}}};
+    DeviceList devices{loop, simulated,      "/nonexistent/ttyS9",
+                       "",   LondonModems(), {{"/nonexistent/ttyUSB7", "USB serial ttyUSB7"}}};
     DebugLog log;
     TAPISubs tapi{devices, log};
 };

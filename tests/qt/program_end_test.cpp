@@ -185,8 +185,7 @@ TEST(ProgramRoads, AHomeFromBeforeTheInternetLineStillDialsItsPort) {
         archived += ReadWholeFile(e.path()).value_or("");
     EXPECT_NE(archived.find("Status: \tMessage Sent Successfully\r\n"), std::string::npos)
         << archived;
-    const auto centres =
-        ParseProviderFile(*ReadWholeFile(run.home.path() / "smsc.dat")).records;
+    const auto centres = ParseProviderFile(*ReadWholeFile(run.home.path() / "smsc.dat")).records;
     EXPECT_EQ(centres.at(0).TapiDevice, "2");
     const auto settings = ReadWholeFile(run.home.path() / "Parlane.ini").value_or("");
     // The numbers are remembered now, and the chosen modem follows its port.

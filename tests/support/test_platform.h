@@ -93,9 +93,9 @@ class FakeLine : public TapiProvider, public SerialLink {
     // The devices' names; an empty name is a device whose capabilities cannot be read.
     std::vector<std::string> deviceNames{"Simulated modem"};
     std::vector<LineKind> deviceKinds;  // by device; a modem where none is given
-    std::string locationCity;          // the dialling location's area code; its country is 44
-    std::vector<std::string> log;      // operations in order
-    std::vector<std::string> dialled;  // dialable strings of placed calls
+    std::string locationCity;           // the dialling location's area code; its country is 44
+    std::vector<std::string> log;       // operations in order
+    std::vector<std::string> dialled;   // dialable strings of placed calls
     std::deque<PlaceCallResult> placeResults;  // Placed when empty
     bool openLineSucceeds = true;
     std::int32_t translateResult = 0;

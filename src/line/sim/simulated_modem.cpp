@@ -27,8 +27,8 @@ std::int32_t SimulatedModem::lineNegotiateAPIVersion(std::uint32_t device, std::
 }
 
 std::int32_t SimulatedModem::lineGetDevCaps(std::uint32_t device, LineDevCaps& caps) {
-    return OneDataModemCaps(device, caps, "Parlane simulated modem", kLineName,
-                            LineKind::Simulated, kLineKey);
+    return OneDataModemCaps(device, caps, "Parlane simulated modem", kLineName, LineKind::Simulated,
+                            kLineKey);
 }
 
 std::int32_t SimulatedModem::lineOpen(std::uint32_t device, std::uint32_t& lineHandle) {
