@@ -46,7 +46,7 @@ void frmMain::TapBlockAnswered(int statusId) {
         SendNextMessage();
         return;
     }
-    ShowStatus(LoadResString(statusId));
+    ShowStatus(OutcomeText(statusId));
     WaitSecs(2);
     state.ExpectedPrompt = kEot;
     SendText(std::string(1, EOT) + CR);

@@ -14,6 +14,7 @@ using testing::TestPlatform;
 struct Road {
     std::vector<std::string> statuses;  // archive statuses, in file order
     long long seconds = 0;              // virtual time the run took
+    int unmarked = 0;  // status lines telling a delivery without saying it was simulated
 };
 
 Road Drive(int protocol, const std::string& number, int messages,
@@ -31,7 +32,12 @@ Road Drive(int protocol, const std::string& number, int messages,
     f.mnuSend_Click();
     EXPECT_TRUE(p.loop.runUntil(
         [&] { return f.lblInfo.Caption == "There are no more messages in the queue  "; }));
-    return {p.archiveStatuses(), p.loop.now().count() / 1000};
+    int unmarked = 0;
+    for (const auto& line : p.statusLines)
+        if (line.rfind("Message Sent Successfully", 0) == 0 &&
+            line.find("(simulated)") == std::string::npos)
+            ++unmarked;
+    return {p.archiveStatuses(), p.loop.now().count() / 1000, unmarked};
 }
 
 // The number of the centre for `protocol` with fault `fault` and variant `variant`.
@@ -49,6 +55,7 @@ TEST(SimulatedRoad, EveryDialogueDeliversThroughEveryFaultOfTheLine) {
             if (fault == '6' && !appends) continue;
             const auto road = Drive(protocol, Number(protocol, fault), 3);
             EXPECT_EQ(road.statuses, sent) << "protocol " << protocol << " fault " << fault;
+            EXPECT_EQ(road.unmarked, 0) << "protocol " << protocol;
             EXPECT_LT(road.seconds, 400) << "protocol " << protocol << " fault " << fault;
         }
     }
