@@ -72,17 +72,20 @@ void MainWindow::buildCompose() {
     lblTextCounter_->setObjectName("lblTextCounter");
     lblTotal_ = new QLabel(fraLogo_);
     lblTotal_->setObjectName("lblTotal");
-    // Which line the next message goes through; it never widens the window.
-    lblLine_ = new QLabel(fraLogo_);
-    lblLine_->setObjectName("lblLine");
-    lblLine_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    counters->addWidget(lblLine_, 1);
+    counters->addStretch(1);
     counters->setSpacing(0);  // "42/160" reads as one figure
     counters->addWidget(lblmLable_);
     counters->addSpacing(4);
     counters->addWidget(lblTextCounter_);
     counters->addWidget(lblTotal_);
     box->addLayout(counters);
+    // Which line the next message goes through, on a row of its own; it wraps rather than
+    // widen the window.
+    lblLine_ = new QLabel(fraLogo_);
+    lblLine_->setObjectName("lblLine");
+    lblLine_->setWordWrap(true);
+    lblLine_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    box->addWidget(lblLine_);
 }
 
 void MainWindow::buildMobile() {
