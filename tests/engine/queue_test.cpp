@@ -60,27 +60,22 @@ TEST(Queue, ChecksInOrderThenQueuesWithRunningNumbers) {
     EXPECT_EQ(f.busyDepth, 0);
 }
 
-// No smsc.dat (one empty centre, one empty row), or a centre still without a number: neither
-// takes a message.
 TEST(Queue, WithoutCentresNothingIsQueued) {
-    auto draft = MakeProvider("Draft");
-    draft.Number.clear();
-    for (const auto& centres : {std::vector<Provider>{}, std::vector<Provider>{draft}}) {
-        TestPlatform p;
-        if (!centres.empty()) p.writeProviders(centres);
-        auto& f = p.load();
-        EXPECT_TRUE(std::filesystem::exists(p.home / "smsc.dat"));
-        if (centres.empty()) {
-            EXPECT_EQ(f.Services.rows, std::vector<std::string>{""});
-        }
-        Compose(f, "Hi");
-        f.mnuQueue_Click();
-        ASSERT_EQ(p.dialogues.shown.size(), 1u);
-        EXPECT_EQ(p.dialogues.shown[0].prompt, "Please Set Up Your SMSC");
-        EXPECT_EQ(f.focusedControl, "txtMessage");
-        EXPECT_EQ(f.txtMessage.Text, "Hi");
-        EXPECT_EQ(UpperBound(f.QueueBuffer), 0);
-    }
+    TestPlatform p;  // no smsc.dat: one empty centre, one empty row
+    auto& f = p.load();
+    EXPECT_TRUE(std::filesystem::exists(p.home / "smsc.dat"));
+    EXPECT_EQ(f.Services.rows, std::vector<std::string>{""});
+    Compose(f, "Hi");
+    f.mnuQueue_Click();
+    ASSERT_EQ(p.dialogues.shown.size(), 1u);
+    EXPECT_EQ(p.dialogues.shown[0].prompt, "Please Set Up Your SMSC");
+    EXPECT_EQ(f.focusedControl, "txtMessage");
+    EXPECT_EQ(f.txtMessage.Text, "Hi");
+    // Nor does a centre given a name but no number yet.
+    f.Providers[0].ProviderName = f.Services.Text = "Draft";
+    f.mnuQueue_Click();
+    EXPECT_EQ(p.dialogues.shown.back().prompt, "Please Set Up Your SMSC");
+    EXPECT_EQ(UpperBound(f.QueueBuffer), 0);
 }
 
 TEST(Queue, UnknownCentreIsArchivedNotQueued) {
