@@ -122,7 +122,7 @@ TEST_F(CentreEditor, ANewCentreIsWrittenSortedAndSelected) {
     p.line.locationCity = std::string("20\0 ", 4);
     load({MakeProvider("Beta"), MakeProvider("Gamma")});
     user = [&](frmSMSCEdit& e) {
-        // The first device with "modem" in its name; another row reads that device's block.
+        // The first serial modem; another row reads that device's block.
         EXPECT_EQ(e.cboTapiDevice.ListIndex, 0);
         e.cboTapiDevice.select(1);
         e.cboTapiDevice_Click();
