@@ -89,13 +89,13 @@ int SendAndExit::exitStatus() const {
 std::vector<std::string> SendAndExit::report() const {
     std::vector<std::string> lines;
     for (int number : numbers_) {
+        // Still queued: why, when its centre has no line here; else its archive status.
+        std::string end = form_.LoadResString(sid::MessageInQueue);
         const auto found = status_.find(number);
-        std::string end = found == status_.end() ? std::string() : found->second;
         if (const QueuedMessage* queued = find(number)) {
-            end = form_.LineProblemFor(*queued);
-            if (end.empty()) end = form_.LoadResString(sid::MessageInQueue);
-        } else if (end.empty()) {
-            end = form_.LoadResString(sid::MessageInQueue);
+            if (auto problem = form_.LineProblemFor(*queued); !problem.empty()) end = problem;
+        } else if (found != status_.end()) {
+            end = found->second;
         }
         lines.push_back(form_.LoadResString(sid::MessageNumberPrefix) + std::to_string(number) +
                         ": " + end);
