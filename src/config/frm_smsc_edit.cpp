@@ -95,10 +95,11 @@ void frmSMSCEdit::ProviderEdit(int index) {
     txtPassword.Text = p.Password;
     EditorDevConfig = p.DevConfig;
     EditorDevConfigSize = static_cast<std::uint32_t>(p.DevConfig.size());
-    // Read as a number: an empty field is row 0. A row beyond the list (a modem was removed)
-    // leaves the default row and reads its block only if the user picks another.
+    // Read as a number. An empty field names no line (it is not row 0, the simulated modem),
+    // and a row beyond the list (a modem was removed) leaves the proposed row; either reads its
+    // block only if the user picks another.
     const double device = std::trunc(LeadingNumber(p.TapiDevice));
-    if (device >= 0 && device < cboTapiDevice.ListCount()) {
+    if (!p.TapiDevice.empty() && device >= 0 && device < cboTapiDevice.ListCount()) {
         EditingExisting = true;
         cboTapiDevice.select(static_cast<int>(device));
         cboTapiDevice_Click();
