@@ -182,6 +182,12 @@ void frmMain::LoadQueueAtStart() {
         if (table.damaged) reportDamage(path);
     }
     const bool journalFound = RecoverJournal();
+    // New numbers go on above the restored ones: two messages of one number would share their
+    // attempt counts, and a script would learn the other's fate.
+    for (int i = 1; i <= UpperBound(QueueBuffer); ++i)
+        state.counters.NextMessageNumber =
+            std::max(state.counters.NextMessageNumber,
+                     QueueBuffer[static_cast<std::size_t>(i)].MessageNumber);
     if (!bytes && !journalFound) return;
     MessageQueue.Clear();
     for (int i = 1; i <= UpperBound(QueueBuffer); ++i)

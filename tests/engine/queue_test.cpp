@@ -124,6 +124,10 @@ TEST(QueueFile, SurvivesRestartAndIsDeletedOnLoad) {
     EXPECT_EQ(f.lblInfo.Caption, "2 Messages in Queue");
     EXPECT_EQ(f.MessageQueue.ListIndex, 0);
     EXPECT_FALSE(std::filesystem::exists(p.home / "queue.dat"));
+    // A message queued now is numbered above the restored ones.
+    QueueTexts(f, {"three"});
+    EXPECT_EQ(f.QueueBuffer[3].MessageNumber, f.QueueBuffer[2].MessageNumber + 1);
+    f.RemoveQueuedMessageRow(2);
 
     // An emptied queue leaves no file at exit.
     f.RemoveQueuedMessageRow(0);
