@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <map>
 
 #include "archive/message_file.h"
 #include "core/file_io.h"
@@ -236,9 +237,13 @@ bool frmMain::PrepareNextBatch() {
     // run says why once nothing else is left to send.
     heldBack_.clear();
     MessageTable held = EmptyMessageTable(), sendable = EmptyMessageTable();
+    std::map<std::string, std::string> problems;  // by centre name: asked once per centre
     for (int i = 1; i <= UpperBound(QueueBuffer); ++i) {
         auto& message = QueueBuffer[static_cast<std::size_t>(i)];
-        std::string problem = LineProblemFor(message);
+        const auto known = problems.find(message.ProviderName);
+        std::string problem = known != problems.end()
+                                  ? known->second
+                                  : problems[message.ProviderName] = LineProblemFor(message);
         if (problem.empty()) {
             sendable.push_back(std::move(message));
             continue;
