@@ -293,5 +293,35 @@ TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
     }
 }
 
+// A silent centre hangs up: the modem's "NO CARRIER" ends the call at once, not the response
+// time-out 30 s later.
+TEST(AtModemRoad, NoCarrierInTheDataEndsTheCallAtOnce) {
+    PtyModemEmulator emulator;
+    testing::TestPlatform p;
+    RealTimeLoop loop;
+    SimulatedModem simulated(loop);
+    AtModemOptions defaults;
+    defaults.lockDir.clear();
+    DeviceList devices(loop, simulated, emulator.devicePath(), "", defaults, {});
+    auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
+    centre.TapiDevice = "2";
+    centre.AreaCode = "0800";
+    centre.Number = "103100";
+    p.writeProviders({centre});
+    frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
+                 p.globals);
+    form.Form_Load();
+    testing::Compose(form, "Nobody there", "44", "07700", "900123");
+    form.mnuSend_Click();
+    ASSERT_TRUE(loop.runUntil([&] { return form.state.CallActive; }));
+    const auto dropped = std::chrono::steady_clock::now();
+    emulator.farEndHangsUp();
+    ASSERT_TRUE(loop.runUntil([&] { return !form.state.CallActive; }));
+    EXPECT_LT(std::chrono::steady_clock::now() - dropped, std::chrono::seconds(3));
+    EXPECT_FALSE(form.frmNoResponse.Visible);
+    form.Form_QueryUnload();
+    form.Form_Unload();
+}
+
 }  // namespace
 }  // namespace parlane

@@ -56,6 +56,15 @@ void PtyModemEmulator::vanish() {
     [[maybe_unused]] auto n = ::write(wake_[1], &c, 1);
 }
 
+void PtyModemEmulator::farEndHangsUp() {
+    std::lock_guard lock(mutex_);
+    tasks_.push_back([this] {
+        if (callUp_) hangUp();
+    });
+    const char c = 1;
+    [[maybe_unused]] auto n = ::write(wake_[1], &c, 1);
+}
+
 void PtyModemEmulator::goDeaf() {
     std::lock_guard lock(mutex_);
     deaf_ = true;

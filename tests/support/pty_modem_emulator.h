@@ -36,6 +36,9 @@ class PtyModemEmulator : private CentreLink {
     void vanish();
     // The modem stops answering anything, "+++" and ATH included; it stays off-hook.
     void goDeaf();
+    // The far end hangs up: "NO CARRIER" in the call's data, as a modem without a carrier
+    // line to the computer tells it.
+    void farEndHangsUp();
 
     std::vector<std::string> commands() const;  // AT command lines, as received
     std::string dialled() const;                // dial string of the last ATD

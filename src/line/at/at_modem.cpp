@@ -443,6 +443,11 @@ void AtModem::onLine(const std::string& line) {
                 ++step_;
                 watchCarrier_ = canDriveDtr_;
                 setMode(kWatch);
+                // Where no carrier line tells (a pseudo-terminal, a three-wire cable), the
+                // modem's "NO CARRIER" in the data is the far end going.
+                link_.onCallEnded = [this, generation = portGeneration_] {
+                    postToLoop(generation, [this] { onFarEndHangUp(0); });
+                };
                 deliver(LINECALLSTATE_CONNECTED);
             } else if (reply == ModemReply::Ok || reply == ModemReply::Failure) {
                 // OK to a dial is a voice call at best: no data connection.
@@ -469,6 +474,16 @@ void AtModem::endCall() {
     dialling_ = false;
     if (!portGone_) setMode(kCommand);
     deliver(LINECALLSTATE_DISCONNECTED);
+}
+
+void AtModem::onFarEndHangUp(int waits) {
+    if (phase_ != Phase::Connected) return;
+    // What the centre said before it went is read first: an acknowledgement in it counts.
+    if (link_.isOpen() && link_.pendingBytes() > 0 && waits < kFarEndReadWaits) {
+        later(Milliseconds(50), [this, waits] { onFarEndHangUp(waits + 1); });
+        return;
+    }
+    endCall();
 }
 
 void AtModem::onPortLost() {

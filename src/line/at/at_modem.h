@@ -121,6 +121,10 @@ class AtModem : public TapiProvider {
     void watcherLoop(int fd, int wakeFd, std::uint64_t generation);
     // Loop side.
     void onLine(const std::string& line);
+    // "NO CARRIER" came in the call's data; `waits` counts the 50 ms waits for the program to
+    // read what came before it.
+    void onFarEndHangUp(int waits);
+    static constexpr int kFarEndReadWaits = 40;
     void onPortLost();
     void send(const std::string& command);
     void nextCommand();

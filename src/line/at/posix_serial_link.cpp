@@ -71,8 +71,26 @@ void PosixSerialLink::announce() {
     if (onCommEvent_) onCommEvent_(1);
 }
 
+namespace {
+
+// A result code the modem writes when it leaves a call, on a line of its own.
+bool HoldsCallEndCode(const std::string& text) {
+    for (const char* code : {"\nNO CARRIER\r", "\nNO DIALTONE\r", "\nNO DIAL TONE\r"})
+        if (text.find(code) != std::string::npos) return true;
+    return false;
+}
+
+}  // namespace
+
+std::size_t PosixSerialLink::pendingBytes() {
+    std::lock_guard lock(mutex_);
+    return pending_.size();
+}
+
 void PosixSerialLink::readerLoop(int fd, int wakeFd) {
     bool portGone = false;
+    bool callEnded = false;
+    std::string tail;  // the last bytes read, so that a code split between reads is found
     char chunk[4096];
     for (;;) {
         pollfd fds[2] = {{wakeFd, POLLIN, 0}, {portGone ? -1 : fd, POLLIN, 0}};
@@ -89,6 +107,12 @@ void PosixSerialLink::readerLoop(int fd, int wakeFd) {
                 pending_.append(chunk, static_cast<std::size_t>(n));
             }
             announce();
+            tail.append(chunk, static_cast<std::size_t>(n));
+            if (!callEnded && HoldsCallEndCode(tail)) {
+                callEnded = true;
+                if (onCallEnded) onCallEnded();
+            }
+            if (tail.size() > 16) tail.erase(0, tail.size() - 16);
         } else if (n == 0 || (errno != EINTR && errno != EAGAIN)) {
             // Hung up or gone: the provider reports the lost call; stop watching the port.
             portGone = true;

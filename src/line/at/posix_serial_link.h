@@ -33,6 +33,12 @@ class PosixSerialLink : public SerialLink {
     // its CONNECT); they are handed out first by the next open.
     void preload(std::string bytes);
     bool isOpen() const { return fd_ >= 0; }
+    // Bytes read and not yet handed out.
+    std::size_t pendingBytes();
+    // Told once per open, on the reader's thread, when the modem's "NO CARRIER" or "NO DIALTONE"
+    // stands in the data as a line of its own: the modem has left the call, whatever its
+    // carrier line says. Set it before the port is opened.
+    std::function<void()> onCallEnded;
 
   private:
     void readerLoop(int fd, int wakeFd);
