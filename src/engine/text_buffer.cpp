@@ -26,6 +26,13 @@ TextBuffer& TextBuffer::operator+=(const std::string& text) {
     text_ += text;
     upper_ += ToUpper(text);
     lower_ += Cp1252LowerCase(text);
+    if (text_.size() > kLimit) {
+        const std::size_t gone = text_.size() - kKeep;
+        for (auto* view : {&text_, &upper_, &lower_}) view->erase(0, gone);
+        for (auto& answers : answers_)
+            for (auto& [pattern, answer] : answers)
+                answer.scanned = answer.scanned > gone ? answer.scanned - gone : 0;
+    }
     return *this;
 }
 

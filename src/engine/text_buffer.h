@@ -2,6 +2,10 @@
 // The text a dialogue has received. Dialogues that append ask the same questions of a growing
 // buffer on every chunk; answers are kept and extended over the new text only, so a long call
 // costs in proportion to its length, not to its length squared.
+//
+// Memory is bounded whatever a centre sends: past kLimit bytes only the last kKeep are kept. Every
+// prompt and frame the dialogues wait for is far shorter, and an answer once found stays found,
+// as it would in the whole text.
 
 #include <string>
 #include <unordered_map>
@@ -11,6 +15,8 @@ namespace parlane {
 class TextBuffer {
   public:
     enum class Case { Exact, Upper, Lower };
+    static constexpr std::size_t kLimit = 64 * 1024;
+    static constexpr std::size_t kKeep = 16 * 1024;
 
     TextBuffer() = default;
     TextBuffer(const std::string& text) { assign(text); }  // NOLINT: used like a string

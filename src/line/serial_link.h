@@ -12,6 +12,21 @@ namespace parlane {
 inline constexpr std::size_t kRxBufferSize = 1000;
 using RxBufferArray = std::array<std::uint8_t, kRxBufferSize>;
 
+// The most a link keeps read and not yet handed out. A centre that floods the line cannot make
+// the program grow without end: past this the oldest bytes go, as from a full receive buffer.
+// A prompt or a frame is a few hundred bytes, so nothing a dialogue needs is lost this way.
+inline constexpr std::size_t kLinkBufferLimit = 1 << 20;
+
+inline void AppendToLinkBuffer(std::string& pending, const char* data, std::size_t n) {
+    if (n >= kLinkBufferLimit) {
+        pending.assign(data + (n - kLinkBufferLimit), kLinkBufferLimit);
+        return;
+    }
+    if (pending.size() + n > kLinkBufferLimit)
+        pending.erase(0, pending.size() + n - kLinkBufferLimit);
+    pending.append(data, n);
+}
+
 class SerialLink {
   public:
     virtual ~SerialLink() = default;

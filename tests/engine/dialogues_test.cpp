@@ -263,5 +263,25 @@ TEST_F(CallFixture, ChunksOverAThousandBytesAreReadInTurns) {
     EXPECT_EQ(f->DebugForm.FromServer.Text().size() >= 1503u, true);
 }
 
+// A centre that floods the line with text that has no end: the buffers the dialogues search stay
+// bounded, and the answer that finally comes is still found.
+TEST_F(CallFixture, AFloodKeepsTheBuffersBoundedAndTheAnswerCounts) {
+    start(ProtocolUcp, {"x"});
+    p.loop.advance(Milliseconds(3000));
+    std::size_t largest = 0;
+    for (int i = 0; i < 300; ++i) {
+        p.line.receive(std::string(10000, 'z'));
+        p.loop.advance(Milliseconds(20));
+        largest = std::max(largest, f->state.UcpReceiveBuffer.size());
+    }
+    p.line.receive(
+        "\x02"
+        "00/00019/R/01/A/123/0A\x03");
+    finishCall();
+    EXPECT_GT(largest, TextBuffer::kKeep);  // the flood did reach the buffer
+    EXPECT_LE(largest, TextBuffer::kLimit);
+    EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+}
+
 }  // namespace
 }  // namespace parlane

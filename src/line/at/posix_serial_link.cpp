@@ -104,7 +104,7 @@ void PosixSerialLink::readerLoop(int fd, int wakeFd) {
         if (n > 0) {
             {
                 std::lock_guard lock(mutex_);
-                pending_.append(chunk, static_cast<std::size_t>(n));
+                AppendToLinkBuffer(pending_, chunk, static_cast<std::size_t>(n));
             }
             announce();
             tail.append(chunk, static_cast<std::size_t>(n));

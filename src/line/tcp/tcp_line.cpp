@@ -411,7 +411,7 @@ void TcpLine::onReadable(const std::shared_ptr<Connection>& c) {
             problem.id = sid::TcpCentreClosed;
             break;
         }
-        pending_.append(chunk, static_cast<std::size_t>(n));
+        AppendToLinkBuffer(pending_, chunk, static_cast<std::size_t>(n));
     }
     if (ended != TcpFailure::None) {
         lost(ended, problem);
