@@ -1,5 +1,6 @@
 // Queuing, the queue file's life and the hand-over of the queue to a run.
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <filesystem>
 #include <map>
@@ -84,7 +85,19 @@ void frmMain::mnuQueue_Click() {
 
     record.MessageNumber = ++state.counters.NextMessageNumber;
     QueueBuffer.push_back(std::move(record));
-    queueChanged();
+    // The message is queued only once the journal holds it: a kill must not lose what the
+    // window says is in the queue. When it cannot be kept, it stays in the panel.
+    if (!JournalQueue()) {
+        txtMessage.Text = QueueBuffer.back().Text;
+        QueueBuffer.pop_back();
+        --state.counters.NextMessageNumber;
+        MessageQueue.RemoveItem(MessageQueue.ListCount() - 1);
+        MessageQueue.ListIndex = -1;
+        txtMessageQueue.Text.clear();
+        ShowStatus(FailureStatus(journalError_, LoadResString(sid::SavingMessageQueue)));
+        changed();
+        return;
+    }
     txtMessage.Text.clear();
     changed();
 }
@@ -323,8 +336,9 @@ bool frmMain::JournalQueue(const std::vector<FinishedMessage>& finishing) {
     QueueJournal journal{PendingMessages(), finishing};
     std::string error;
     const std::string bytes = SerializeQueueJournal(journal, error);
-    if (!error.empty()) return false;
-    if (!WriteFileAtomically(homePath(kJournalFile), bytes).empty()) return false;
+    // A record too long for its file counts as EOVERFLOW, as for the other tables.
+    journalError_ = error.empty() ? ReplaceFile(homePath(kJournalFile), bytes) : EOVERFLOW;
+    if (journalError_ != 0) return false;
     if (finishing.empty()) queueDirty_ = false;
     return true;
 }

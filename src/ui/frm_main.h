@@ -463,6 +463,7 @@ class frmMain {
     // The recovery journal: every pending message, rewritten (and flushed) when the tables
     // change, with the messages in `finishing` whose archive file is about to be written.
     bool JournalQueue(const std::vector<FinishedMessage>& finishing = {});
+    int journalError_ = 0;  // errno of the last journal write, 0 when it went
     // Whatever a kill left: the journal's messages, and archive files it had promised. False
     // when there was no journal.
     bool RecoverJournal();

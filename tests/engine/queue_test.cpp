@@ -1,6 +1,7 @@
 // Queuing, the queue file's life and the hand-over to a run, on the main window's model.
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <filesystem>
 
 #include "core/file_io.h"
@@ -76,6 +77,24 @@ TEST(Queue, WithoutCentresNothingIsQueued) {
     f.mnuQueue_Click();
     EXPECT_EQ(p.dialogues.shown.back().prompt, "Please Set Up Your SMSC");
     EXPECT_EQ(UpperBound(f.QueueBuffer), 0);
+}
+
+// A message the journal cannot hold (the disk refuses the write, or a text too long for a record)
+// is not queued: it stays in the panel and the status line says why.
+TEST(Queue, AMessageTheJournalCannotKeepStaysInThePanel) {
+    const std::string huge(70000, 'h');
+    for (const auto& [text, error] : {std::pair{std::string("Hi"), EISDIR}, {huge, EOVERFLOW}}) {
+        TestPlatform p;
+        p.writeProviders({MakeProvider("Beta")});
+        auto& f = p.load();
+        if (error == EISDIR) std::filesystem::create_directories(p.home / "queue.journal" / "x");
+        Compose(f, text);
+        f.mnuQueue_Click();
+        EXPECT_EQ(UpperBound(f.QueueBuffer), 0);
+        EXPECT_EQ(f.MessageQueue.ListCount(), 0);
+        EXPECT_EQ(f.txtMessage.Text, text);
+        EXPECT_EQ(f.lblInfo.Caption, FailureStatus(error, "Saving Message Queue") + "  ");
+    }
 }
 
 TEST(Queue, UnknownCentreIsArchivedNotQueued) {
