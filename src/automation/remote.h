@@ -9,22 +9,35 @@ namespace parlane {
 
 class frmMain;
 
+// How a queueing method took its request. Refused requests change nothing.
+enum class RemoteAnswer {
+    Taken,      // handed to the window, which queues it or says why not, as for a user
+    NoSuchRow,  // the index names no row of its list
+    TooLong,    // a text longer than the window would take
+};
+
 class Remote {
   public:
     explicit Remote(frmMain& form) : form_(form) {}
 
-    // The queueing methods answer false when the index names no row of its list: the selection
-    // is refused and nothing is queued. Texts are cp1252.
-    bool ParlaneQueueGroup(const std::string& message, std::int32_t groupIndex);
-    void ParlaneQueueByName(const std::string& message, const std::string& name);
-    bool ParlaneQueueMessage(const std::string& country, const std::string& area,
-                             const std::string& number, std::int32_t providerIndex,
-                             const std::string& message);
+    // A number field or a name longer than this is no number or name of the window's.
+    static constexpr std::size_t kFieldLimit = 64;
+
+    // Texts are cp1252. A message may be as long as the limit of the centre it goes to (for a
+    // group or a name of no known centre: the largest limit of any centre).
+    RemoteAnswer ParlaneQueueGroup(const std::string& message, std::int32_t groupIndex);
+    RemoteAnswer ParlaneQueueByName(const std::string& message, const std::string& name);
+    RemoteAnswer ParlaneQueueMessage(const std::string& country, const std::string& area,
+                                     const std::string& number, std::int32_t providerIndex,
+                                     const std::string& message);
     void ParlaneSendMessages();
     void ParlaneClose();
     void ParlaneShow();
 
   private:
+    // The message limit of centre `index`, or the largest of all centres when it is -1.
+    std::size_t MessageLimit(int index) const;
+
     frmMain& form_;
 };
 

@@ -34,31 +34,38 @@ bool RemoteService::publish(QString& why) {
     return true;
 }
 
-void RemoteService::refuse(const QString& argument, int index) {
-    if (calledFromDBus())
-        sendErrorReply(QDBusError::InvalidArgs,
-                       QString("%1 %2 is not a row of the list").arg(argument).arg(index));
+void RemoteService::answer(RemoteAnswer taken, const QString& argument, int index) {
+    if (taken == RemoteAnswer::Taken || !calledFromDBus()) return;
+    sendErrorReply(QDBusError::InvalidArgs,
+                   taken == RemoteAnswer::NoSuchRow
+                       ? QString("%1 %2 is not a row of the list").arg(argument).arg(index)
+                       : QString("a text is longer than Parlane takes (a message: its service "
+                                 "centre's limit; a number or a name: %1 characters); nothing "
+                                 "was queued")
+                             .arg(Remote::kFieldLimit));
 }
 
 void RemoteService::ParlaneQueueGroup(const QString& Message, int GroupIndex) {
-    bool taken = true;
+    RemoteAnswer taken = RemoteAnswer::Taken;
     run_([&] { taken = remote_.ParlaneQueueGroup(FromQt(Message), GroupIndex); });
-    if (!taken) refuse("GroupIndex", GroupIndex);
+    answer(taken, "GroupIndex", GroupIndex);
 }
 
 void RemoteService::ParlaneQueueByName(const QString& Message, const QString& Name) {
-    run_([&] { remote_.ParlaneQueueByName(FromQt(Message), FromQt(Name)); });
+    RemoteAnswer taken = RemoteAnswer::Taken;
+    run_([&] { taken = remote_.ParlaneQueueByName(FromQt(Message), FromQt(Name)); });
+    answer(taken, "Name", 0);
 }
 
 void RemoteService::ParlaneQueueMessage(const QString& Country, const QString& Area,
                                         const QString& Number, int ProviderIndex,
                                         const QString& Message) {
-    bool taken = true;
+    RemoteAnswer taken = RemoteAnswer::Taken;
     run_([&] {
         taken = remote_.ParlaneQueueMessage(FromQt(Country), FromQt(Area), FromQt(Number),
                                             ProviderIndex, FromQt(Message));
     });
-    if (!taken) refuse("ProviderIndex", ProviderIndex);
+    answer(taken, "ProviderIndex", ProviderIndex);
 }
 
 void RemoteService::ParlaneSendMessages() {

@@ -37,7 +37,8 @@ class RemoteService : public QObject, protected QDBusContext {
     void ParlaneShow();
 
   private:
-    void refuse(const QString& argument, int index);
+    // An error reply for a refused request; nothing for one taken.
+    void answer(RemoteAnswer taken, const QString& argument, int index);
 
     Remote remote_;
     std::function<void(const std::function<void()>&)> run_;

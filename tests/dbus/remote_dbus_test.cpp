@@ -147,6 +147,10 @@ TEST(RemoteOnTheBus, ColdStartSixMethodsSharedPanelAndWrongCalls) {
         {"ParlaneQueueMessage", {"44", "07700", "1", 9, "x"}, true},  // no such centre
         {"ParlaneQueueGroup", {"wrong", "types"}, true},              // the bus's own error
         {"ParlaneQueueByName", {"too few"}, true},
+        // Longer than the window takes: refused whole, so the queue below stays as it is.
+        {"ParlaneQueueMessage", {"44", "07700", "900123", 0, QString(2000, 'x')}, true},
+        {"ParlaneQueueByName", {"hi", QString(1 << 20, 'n')}, true},
+        {"ParlaneQueueMessage", {"44", QString(1 << 20, '7'), "900123", 0, "x"}, true},
         {"ParlaneShow", {}, false},
     };
     for (const auto& c : calls) {
