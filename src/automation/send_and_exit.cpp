@@ -45,7 +45,9 @@ void SendAndExit::start(const std::string& name, const std::string& message) {
 
 void SendAndExit::archived(const std::string& status, const QueuedMessage& message) {
     status_[message.MessageNumber] = status;
-    quietTicks_ = 0;
+    // A call cut by the safety limit is no progress: a silent centre would hold the script
+    // for every dial attempt.
+    if (status.rfind(form_.LoadResString(sid::MessageSendingTimedOut), 0) != 0) quietTicks_ = 0;
 }
 
 const QueuedMessage* SendAndExit::find(int number) const {
@@ -109,8 +111,6 @@ void SendAndExit::tick() {
     // A run that has stopped (Stop and save back, or nothing left to dial) will not finish them.
     const bool idle =
         !form_.timSendMessages.Enabled() && !form_.state.CallActive && !form_.state.DialPending;
-    if (form_.state.CallActive != lastCallActive_) quietTicks_ = 0;
-    lastCallActive_ = form_.state.CallActive;
     const int limitTicks = static_cast<int>(
         std::chrono::duration_cast<std::chrono::milliseconds>(kNoProgressLimit).count() / kTickMs);
     if (done || idle || ++quietTicks_ >= limitTicks) finish();

@@ -1,7 +1,8 @@
 #pragma once
 // A start for scripts: queue the command line's message, send, and end when the run is over,
 // with an exit status that tells what became of the message. It never stays open: a run that
-// makes no progress for `kNoProgressLimit` ends too, and what did not go stays in the queue.
+// makes no progress for `kNoProgressLimit` ends too (a line always in use, a silent centre whose
+// calls the safety limit cuts), and what did not go stays in the queue.
 
 #include <chrono>
 #include <functional>
@@ -59,7 +60,6 @@ class SendAndExit {
     int final_ = -1;                     // the status, once known
     bool ended_ = false;
     int quietTicks_ = 0;
-    bool lastCallActive_ = false;
 };
 
 }  // namespace parlane

@@ -19,6 +19,7 @@ struct Outcome {
     int queued = 0;  // messages in the queue and the run at the end
     std::vector<std::string> archived;
     std::vector<std::string> report;
+    Milliseconds took{};
 };
 
 // Runs one start on a home whose centre is dialled at `centreNumber` through the simulated
@@ -46,6 +47,7 @@ Outcome RunScript(const std::string& centreNumber, const std::string& name,
     out.queued = UpperBound(f.QueueBuffer) + std::max(0, UpperBound(f.SendBuffer));
     out.archived = p.archiveStatuses();
     out.report = script.report();
+    out.took = p.loop.now();
     return out;
 }
 
@@ -99,6 +101,16 @@ TEST(SendAndExit, AStoppedRunEndsUnfinished) {
 }
 
 // A line that is always in use never finishes a message; the start still ends.
+// A silent centre: the cut call keeps its record, but is no progress, so the start ends at the
+// limit rather than after every dial attempt.
+TEST(SendAndExit, ASilentCentreEndsAtTheLimit) {
+    const Outcome out = RunScript("103100", "Ann");
+    EXPECT_EQ(out.status, kExitUnfinished);
+    EXPECT_LT(out.took, SendAndExit::kNoProgressLimit + std::chrono::minutes(1));
+    EXPECT_EQ(out.queued, 1);
+    EXPECT_EQ(out.archived, std::vector<std::string>{"Message Sending Timed Out (simulated)"});
+}
+
 TEST(SendAndExit, ARunThatMakesNoProgressEndsAfterTheLimit) {
     TestPlatform p;
     p.writeProviders({MakeProvider("Alpha")});
