@@ -53,13 +53,21 @@ FinishedMessage frmMain::BuildOutboxFile(const std::string& status, const Queued
 bool frmMain::WriteOutboxFile(const FinishedMessage& file) {
     const std::string stamp = file.fileName.substr(0, kStampLength);
     std::filesystem::path chosen;
-    const int error = WriteNewFileAtomically(
+    archiveError_ = WriteNewFileAtomically(
         homePath("SMS") / "Outbox",
         [&](int attempt) { return attempt == 1 ? file.fileName : ArchiveName(stamp, attempt); },
         file.content, chosen);
-    if (error == 0) return true;
-    ShowStatus(FailureStatus(error, LoadResString(sid::SavingToOutbox)));
+    if (archiveError_ == 0) return true;
+    ShowStatus(FailureStatus(archiveError_, LoadResString(sid::SavingToOutbox)));
     return false;
+}
+
+bool frmMain::WriteUnarchived() {
+    if (unarchived_.empty()) return true;
+    std::erase_if(unarchived_,
+                  [this](const FinishedMessage& file) { return WriteOutboxFile(file); });
+    JournalQueue();
+    return unarchived_.empty();
 }
 
 void frmMain::SaveToOutbox(const std::string& outcome, const QueuedMessage& message) {
@@ -72,8 +80,11 @@ void frmMain::ArchiveFinished(const std::string& outcome, const QueuedMessage& m
     const std::string status = ArchiveStatus(outcome, message);
     const FinishedMessage file = BuildOutboxFile(status, message);
     JournalQueue({file});
-    WriteOutboxFile(file);
-    JournalQueue();
+    // A record that cannot be written now is owed: kept, journalled, written when there is room.
+    if (WriteOutboxFile(file))
+        JournalQueue();
+    else
+        unarchived_.push_back(file);
     if (onArchived) onArchived(status, message);
 }
 

@@ -17,8 +17,8 @@ FileOperationHook& Hook() {
     return hook;
 }
 
-void Announce(FileOperation operation, const std::filesystem::path& path) {
-    if (Hook()) Hook()(operation, path);
+int Announce(FileOperation operation, const std::filesystem::path& path) {
+    return Hook() ? Hook()(operation, path) : 0;
 }
 
 // Opens for reading without ever waiting: a FIFO with no writer would hold the start for good.
@@ -42,7 +42,10 @@ bool ReadAll(int fd, std::uintmax_t limit, std::string& bytes) {
 }
 
 bool WriteAll(int fd, const std::filesystem::path& path, const std::string& bytes) {
-    Announce(FileOperation::Write, path);
+    if (const int error = Announce(FileOperation::Write, path)) {
+        errno = error;
+        return false;
+    }
     std::size_t written = 0;
     while (written < bytes.size()) {
         const ssize_t n = ::write(fd, bytes.data() + written, bytes.size() - written);

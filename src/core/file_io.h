@@ -60,9 +60,10 @@ std::optional<std::filesystem::path> KeepDamagedCopy(const std::filesystem::path
 std::optional<std::filesystem::path> SetFileAside(const std::filesystem::path& path);
 
 // Each change to a file is announced before it happens: creating, writing, flushing, renaming,
-// linking and removing. Tests use it to stop the program at any one of them.
+// linking and removing. Tests use it to stop the program at any one of them, or to make a write
+// fail as a full disk would: an errno returned for a Write is that write's error (0 goes on).
 enum class FileOperation { Create, Write, Flush, Rename, Link, Remove };
-using FileOperationHook = std::function<void(FileOperation, const std::filesystem::path&)>;
+using FileOperationHook = std::function<int(FileOperation, const std::filesystem::path&)>;
 void SetFileOperationHook(FileOperationHook hook);
 
 }  // namespace parlane

@@ -469,6 +469,7 @@ constexpr std::array kBank1 = {
                "its port is one number further on since the internet line came"},
     BankString{sid::LogModemNotConfirmed,
                "Modem choice not confirmed: no one to ask, each centre keeps its line"},
+    BankString{sid::SendingStopped, "Sending stopped: press Send again once there is room"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

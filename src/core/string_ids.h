@@ -484,5 +484,7 @@ inline constexpr int NothingSentSeeCentres = 1476;
 inline constexpr int SimulatedMark = 1477;
 inline constexpr int LogCentreMovedToItsPort = 1478;
 inline constexpr int LogModemNotConfirmed = 1479;
+// Our own: a run stopped because an outcome could not be recorded (block 1480-1489).
+inline constexpr int SendingStopped = 1480;
 
 }  // namespace parlane::sid

@@ -110,8 +110,32 @@ void frmMain::ShowMessageInPanel(const QueuedMessage& message) {
     ShowCentreLine();
 }
 
+bool frmMain::RoomToRecord() {
+    std::string failure;
+    if (!WriteUnarchived())
+        failure = FailureStatus(archiveError_, LoadResString(sid::SavingToOutbox));
+    else if (!JournalQueue())
+        failure = FailureStatus(journalError_, LoadResString(sid::SavingMessageQueue));
+    if (failure.empty()) return true;
+    StopRunFor(failure + " - " + LoadResString(sid::SendingStopped));
+    return false;
+}
+
+void frmMain::StopRunFor(const std::string& status) {
+    if (state.CallActive) HangUp();
+    timSendMessages.setEnabled(false);
+    state.DialPending = false;
+    MessageTable back = EmptyMessageTable();
+    back.insert(back.end(), SendBuffer.begin() + 1, SendBuffer.end());
+    SendBuffer = EmptyMessageTable();
+    MoveBatchBackToQueue(std::move(back));
+    queueChanged();
+    ShowStatus(status);
+}
+
 void frmMain::SendNextMessage() {
     if (UpperBound(SendBuffer) < 1) return;
+    if (!RoomToRecord()) return;
     const QueuedMessage head = SendBuffer[1];
     if (head.ProviderIndex < 0 || head.ProviderIndex >= static_cast<int>(Providers.size())) return;
     const Provider centre = Providers[static_cast<std::size_t>(head.ProviderIndex)];

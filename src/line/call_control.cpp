@@ -28,6 +28,7 @@ void frmMain::SetIdleLook() {
 
 void frmMain::DialCenter() {
     if (UpperBound(SendBuffer) < 1) return;
+    if (!RoomToRecord()) return;
     auto& c = state.counters;
     bool userStopped = false;
     if (state.StopPressed != 0) {

@@ -167,6 +167,7 @@ MessageTable frmMain::PendingMessages() const {
 }
 
 void frmMain::SaveQueueAtExit() {
+    WriteUnarchived();
     // The journal holds everything until queue.dat does.
     if (!JournalQueue()) return;
     // Messages of a run in progress and a stashed queue are saved too: a close loses nothing.
@@ -333,7 +334,9 @@ void frmMain::StopSaveBack() {
 }
 
 bool frmMain::JournalQueue(const std::vector<FinishedMessage>& finishing) {
-    QueueJournal journal{PendingMessages(), finishing};
+    std::vector<FinishedMessage> finished = unarchived_;
+    finished.insert(finished.end(), finishing.begin(), finishing.end());
+    QueueJournal journal{PendingMessages(), std::move(finished)};
     std::string error;
     const std::string bytes = SerializeQueueJournal(journal, error);
     // A record too long for its file counts as EOVERFLOW, as for the other tables.

@@ -464,6 +464,17 @@ class frmMain {
     // change, with the messages in `finishing` whose archive file is about to be written.
     bool JournalQueue(const std::vector<FinishedMessage>& finishing = {});
     int journalError_ = 0;  // errno of the last journal write, 0 when it went
+    // Records of delivered messages whose archive file could not be written yet. The journal
+    // keeps them as finished, and nothing more goes to a centre until they are on disk.
+    std::vector<FinishedMessage> unarchived_;
+    int archiveError_ = 0;  // errno of the last archive write, 0 when it went
+    // Writes them now; true when none is left.
+    bool WriteUnarchived();
+    // Nothing goes to a centre unless its outcome can be recorded: the records still owed are
+    // written and the journal takes a write. Else the run stops, saying why; false then.
+    bool RoomToRecord();
+    // Ends the call (if any) and the run; the run's messages go back to the queue.
+    void StopRunFor(const std::string& status);
     // Whatever a kill left: the journal's messages, and archive files it had promised. False
     // when there was no journal.
     bool RecoverJournal();

@@ -136,6 +136,7 @@ bool RunAndKill(const std::filesystem::path& home, int killAt) {
         int operations = 0;
         SetFileOperationHook([&](FileOperation, const std::filesystem::path&) {
             if (++operations == killAt) ::_exit(kKilled);
+            return 0;
         });
         RunOnce(home, [](const std::string&) {});
         ::_exit(0);
@@ -176,6 +177,47 @@ TEST(KillAtEveryFileOperation, NothingLostNothingSentTwice) {
     }
     // The run writes the journal, the archive and queue.dat many times over.
     EXPECT_GT(kills, 40);
+}
+
+// The disk fills mid-call, between a message's departure and its acknowledgement (a), or before
+// a message departs (b): no message reaches the centre twice, nothing more goes out while a
+// record is owed, and once there is room Send finishes the run with one record each.
+TEST(DiskFull, NothingIsSentTwiceAndTheRunGoesOnWhenThereIsRoom) {
+    for (const char* fillsAt : {"two", "one"}) {
+        SCOPED_TRACE(fillsAt);
+        TestPlatform p;
+        p.useSimulatedModem();
+        auto centre = MakeProvider("Tap", ProtocolTap, "3");
+        centre.AreaCode = "0800";
+        centre.Number = "100100";
+        p.writeProviders({centre});
+        auto& f = p.load();
+        testing::QueueTexts(f, {"one", "two", "three"});
+        bool full = false;
+        std::multiset<std::string> sent;
+        p.modem->onTraffic = [&](bool toCentre, const std::string& bytes) {
+            for (const char* text : {"one", "two", "three"})
+                if (toCentre && bytes.find(std::string("\r") + text + "\r") != std::string::npos)
+                    sent.insert(text);
+            if (toCentre && bytes.find(fillsAt) != std::string::npos) full = true;
+        };
+        SetFileOperationHook([&](FileOperation operation, const std::filesystem::path&) {
+            return full && operation == FileOperation::Write ? ENOSPC : 0;
+        });
+        f.mnuSend_Click();
+        ASSERT_TRUE(p.loop.runUntil(
+            [&] { return !f.timSendMessages.Enabled() && !f.state.CallActive && full; }));
+        EXPECT_NE(f.lblInfo.Caption.find("Sending stopped"), std::string::npos)
+            << f.lblInfo.Caption;
+        full = false;
+        f.mnuSend_Click();
+        EXPECT_TRUE(p.loop.runUntil(
+            [&] { return f.lblInfo.Caption == "There are no more messages in the queue  "; }));
+        SetFileOperationHook(nullptr);
+        EXPECT_EQ(sent, (std::multiset<std::string>{"one", "two", "three"}));
+        EXPECT_EQ(p.archiveStatuses(),
+                  std::vector<std::string>(3, "Message Sent Successfully (simulated)"));
+    }
 }
 
 }  // namespace
