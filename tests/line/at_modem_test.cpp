@@ -5,6 +5,8 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -169,10 +171,10 @@ TEST(AtModem, BusyNoCarrierAndAVanishingDeviceEndTheCall) {
 
 TEST(AtModem, TheLockKeepsASecondUserOutAndStaleLocksAreTakenOver) {
     Bench b;
-    const std::string lockFile =
-        (b.lockDir.path() /
-         ("LCK.." + std::filesystem::path(b.options.devicePath).filename().string()))
-            .string();
+    // Named as minicom and lockdev name it: "LCK..pts_3" for /dev/pts/3.
+    std::string device = std::filesystem::canonical(b.options.devicePath).string().substr(5);
+    std::replace(device.begin(), device.end(), '/', '_');
+    const std::string lockFile = (b.lockDir.path() / ("LCK.." + device)).string();
     // A lock left by a process that is gone.
     const pid_t child = fork();
     if (child == 0) _exit(0);
@@ -197,6 +199,22 @@ TEST(AtModem, TheLockKeepsASecondUserOutAndStaleLocksAreTakenOver) {
     EXPECT_FALSE(std::filesystem::exists(lockFile));
     EXPECT_GT(second->lineMakeCall(line2, call, "0800100100", LINEMEDIAMODE_DATAMODEM), 0);
     ASSERT_TRUE(b.reaches(LINECALLSTATE_CONNECTED));
+    second->lineClose(line2);
+
+    // A terminal program's flock keeps the modem out too, and not a byte is written; once the
+    // modem lets the port go, it is open to others (no exclusive mode left behind).
+    const int held = open(b.options.devicePath.c_str(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(held, 0);
+    int exclusive = 1;
+    EXPECT_EQ(ioctl(held, TIOCGEXCL, &exclusive), 0);
+    EXPECT_EQ(exclusive, 0);
+    const auto commands = b.emulator.commands().size();
+    ASSERT_EQ(flock(held, LOCK_EX), 0);
+    ASSERT_EQ(second->lineOpen(0, line2), 0);
+    EXPECT_EQ(second->lineMakeCall(line2, call, "0800100100", LINEMEDIAMODE_DATAMODEM),
+              LINEERR_INUSE);
+    EXPECT_EQ(b.emulator.commands().size(), commands);
+    close(held);
     second->lineClose(line2);
 
     // A missing device is not a line in use.

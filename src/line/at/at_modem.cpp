@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
@@ -72,10 +73,16 @@ pid_t LockHolder(const std::string& path) {
 }
 
 // Two names of one device (a by-id link and the node) share one lock.
+// The name minicom and the lockdev library give the same device's lock: its path under /dev
+// with "/" as "_" ("ttyS0", "pts_3"), else its file name.
 std::string LockNameFor(const std::string& devicePath) {
     std::error_code ec;
-    auto real = std::filesystem::canonical(devicePath, ec);
-    return (ec ? std::filesystem::path(devicePath) : real).filename().string();
+    const auto real = std::filesystem::canonical(devicePath, ec);
+    const std::string path = (ec ? std::filesystem::path(devicePath) : real).string();
+    if (path.rfind("/dev/", 0) != 0) return std::filesystem::path(path).filename().string();
+    std::string name = path.substr(5);
+    std::replace(name.begin(), name.end(), '/', '_');
+    return name;
 }
 
 }  // namespace
@@ -204,6 +211,11 @@ std::int32_t AtModem::openPort() {
                           ? LINEERR_NODEVICE
                           : LINEERR_RESOURCEUNAVAIL);
     }
+    // Terminal programs that write no lock file (picocom) hold an flock on the device instead.
+    if (flock(fd, LOCK_EX | LOCK_NB) != 0) {
+        close(fd);
+        return giveUp(errno == EWOULDBLOCK ? LINEERR_INUSE : LINEERR_RESOURCEUNAVAIL);
+    }
     termios tio{};
     if (tcgetattr(fd, &tio) != 0) {
         close(fd);
@@ -252,7 +264,9 @@ void AtModem::closePort() {
     close(wake_[0]);
     close(wake_[1]);
     wake_[0] = wake_[1] = -1;
+    // The port is left open to others again (the exclusive mode outlives the descriptor), and
     // HUPCL lowers DTR here: a modem still in a call hangs up.
+    ioctl(fd_, TIOCNXCL);
     close(fd_);
     fd_ = -1;
     ++portGeneration_;
