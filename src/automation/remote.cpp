@@ -30,14 +30,24 @@ std::size_t Remote::MessageLimit(int index) const {
     return largest;
 }
 
+RemoteAnswer Remote::Kept(int refusalsBefore) const {
+    return form_.QueueRefusals() == refusalsBefore ? RemoteAnswer::Taken : RemoteAnswer::NotKept;
+}
+
+std::string Remote::StatusLine() const {
+    const auto& text = form_.lblInfo.Caption;
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 RemoteAnswer Remote::ParlaneQueueGroup(const std::string& message, std::int32_t groupIndex) {
     if (message.size() > MessageLimit(-1)) return RemoteAnswer::TooLong;
     form_.txtMessage.Text = message;
     if (!SelectRow(form_.cmbGroupName, groupIndex)) return RemoteAnswer::NoSuchRow;
+    const int refusals = form_.QueueRefusals();
     form_.cmbGroupName_Click();
     form_.RemoteQueueGroup();
     form_.changed();
-    return RemoteAnswer::Taken;
+    return Kept(refusals);
 }
 
 RemoteAnswer Remote::ParlaneQueueByName(const std::string& message, const std::string& name) {
@@ -49,10 +59,11 @@ RemoteAnswer Remote::ParlaneQueueByName(const std::string& message, const std::s
             : FindCenterByPrefix(form_.Providers,
                                  form_.Directory[static_cast<std::size_t>(entry)].ProviderName);
     if (message.size() > MessageLimit(centre)) return RemoteAnswer::TooLong;
+    const int refusals = form_.QueueRefusals();
     form_.txtMessage.Text = message;
     form_.RemoteQueueName(name);
     form_.changed();
-    return RemoteAnswer::Taken;
+    return Kept(refusals);
 }
 
 RemoteAnswer Remote::ParlaneQueueMessage(const std::string& country, const std::string& area,
@@ -70,9 +81,10 @@ RemoteAnswer Remote::ParlaneQueueMessage(const std::string& country, const std::
         form_.changed();
         return RemoteAnswer::NoSuchRow;
     }
+    const int refusals = form_.QueueRefusals();
     form_.RemoteQueue();
     form_.changed();
-    return RemoteAnswer::Taken;
+    return Kept(refusals);
 }
 
 void Remote::ParlaneSendMessages() {

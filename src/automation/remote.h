@@ -14,6 +14,7 @@ enum class RemoteAnswer {
     Taken,      // handed to the window, which queues it or says why not, as for a user
     NoSuchRow,  // the index names no row of its list
     TooLong,    // a text longer than the window would take
+    NotKept,    // the queue could not be written to disk: a message was not queued
 };
 
 class Remote {
@@ -34,7 +35,12 @@ class Remote {
     void ParlaneClose();
     void ParlaneShow();
 
+    // The window's status line, which says why a message was not kept.
+    std::string StatusLine() const;
+
   private:
+    // Taken, unless a message of this request could not be kept since `refusalsBefore`.
+    RemoteAnswer Kept(int refusalsBefore) const;
     // The message limit of centre `index`, or the largest of all centres when it is -1.
     std::size_t MessageLimit(int index) const;
 

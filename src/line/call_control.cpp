@@ -29,6 +29,12 @@ void frmMain::SetIdleLook() {
 void frmMain::DialCenter() {
     if (UpperBound(SendBuffer) < 1) return;
     if (!RoomToRecord()) return;
+    // A modem slow to answer the last hang-up is waited for: dialling over its drop would spend
+    // an attempt on "Line In Use" and then find the line closed under it.
+    if (tapi.DropAsked() && tapi.CallPlaced()) {
+        AwaitDrop(kRedialDropLimit, true);
+        if (unloading_) return;
+    }
     auto& c = state.counters;
     bool userStopped = false;
     if (state.StopPressed != 0) {
@@ -136,6 +142,13 @@ void frmMain::DialCenter() {
             HangUp();
             return;
         }
+        // The end of the call that held the line closes it: open it again before dialling.
+        if (!tapi.LineOpen() && !tapi.OpenLine(static_cast<std::uint32_t>(state.DialDevice))) {
+            state.LineInUseRetry = false;
+            ShowStatus(LoadResString(sid::ErrorMakingCall));
+            HangUp();
+            return;
+        }
     }
 }
 
@@ -201,18 +214,23 @@ void frmMain::EndCallForExit() {
     // Still dialling, or connected without a port: HangUp leaves such a call alone.
     if (!tapi.DropAsked()) tapi.DropCall();
     if (!tapi.DropAsked()) return;
-    auto& loop = platform_.loop;
-    const auto started = loop.now();
-    auto limitPassed = std::make_shared<bool>(false);
-    loop.singleShot(kExitDropLimit, [limitPassed] { *limitPassed = true; });
-    loop.runUntil([&] { return !tapi.CallPlaced() || *limitPassed; });
+    const auto took = AwaitDrop(kExitDropLimit, false);
     char seconds[32];
-    std::snprintf(seconds, sizeof seconds, "%.1f s",
-                  static_cast<double>((loop.now() - started).count()) / 1000.0);
+    std::snprintf(seconds, sizeof seconds, "%.1f s", static_cast<double>(took.count()) / 1000.0);
     debugLog.AppendLog(tapi.CallPlaced()
                            ? LoadResString(sid::LogLineNotIdleAfter) + " " + seconds + ", " +
                                  LoadResString(sid::LogClosingIt) + " - Exit"
                            : LoadResString(sid::LogLineDroppedIn) + " " + seconds + " - Exit");
+}
+
+Milliseconds frmMain::AwaitDrop(Milliseconds limit, bool stopEnds) {
+    auto& loop = platform_.loop;
+    const auto started = loop.now();
+    auto limitPassed = std::make_shared<bool>(false);
+    loop.singleShot(limit, [limitPassed] { *limitPassed = true; });
+    loop.runUntil(
+        [&] { return !tapi.CallPlaced() || *limitPassed || (stopEnds && state.StopPressed != 0); });
+    return std::chrono::duration_cast<Milliseconds>(loop.now() - started);
 }
 
 void frmMain::CloseCommPort() {

@@ -30,6 +30,7 @@ void TAPISubs::InitTelephony() {
 
 void TAPISubs::ShutdownTelephony() {
     provider_.lineShutdown();
+    lineOpen_ = false;
 }
 
 void TAPISubs::GetLineCaps(std::uint32_t device, LineDevCaps& caps) {
@@ -99,6 +100,7 @@ bool TAPISubs::OpenLine(std::uint32_t device) {
         return false;
     }
     log("Line #" + std::to_string(device) + " - lineOpen");
+    lineOpen_ = true;
     return true;
 }
 
@@ -133,6 +135,7 @@ void TAPISubs::DeallocateCall() {
 void TAPISubs::CloseLine() {
     const auto result = provider_.lineClose(lineHandle_);
     lineHandle_ = 0;
+    lineOpen_ = false;
     log(result != 0 ? ErrorText(result) + " - lineClose" : "Success! - LineClose");
 }
 

@@ -69,6 +69,8 @@ class TAPISubs {
     bool CallPlaced() const { return callPlaced_ && !idleSeen_; }
     // lineDrop has been accepted for that call.
     bool DropAsked() const { return dropAsked_; }
+    // Between OpenLine and CloseLine; the end of a call closes the line by itself.
+    bool LineOpen() const { return lineOpen_; }
     DebugLog& debugLog() { return log_; }
     // A result's name for the log, "LINEERR_INUSE [8000000F]".
     std::string ErrorText(std::int32_t code) const { return TapiErrorText(code, *strings); }
@@ -84,6 +86,7 @@ class TAPISubs {
     std::uint32_t callHandle_ = 0;
     bool callPlaced_ = false;
     bool dropAsked_ = false;
+    bool lineOpen_ = false;
     // Seen even when lblEvent ignores it (it already read "1": no state came during the dial).
     bool idleSeen_ = false;
 };

@@ -113,6 +113,9 @@ void MainWindow::mirrorOnline() {
     const QString picture =
         online ? QString(kOnlineArtwork[static_cast<std::size_t>(form_.onlineFrame % 4)])
                : ToQt(LogoArtwork(form_.globals(), true));
+    // Drawn only when it changes: the window is mirrored at every byte a centre sends.
+    if (picture == shownPicture_) return;
+    shownPicture_ = picture;
     Picture1_->setPixmap(ArtworkIcon(picture).pixmap(online ? QSize(24, 24) : QSize(72, 24)));
 }
 

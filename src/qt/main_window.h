@@ -93,6 +93,7 @@ class MainWindow : public QMainWindow, public FormObserver {
     QtOpenFileChooser fileChooser_;
     MainLayout shownLayout_;
     std::map<QWidget*, std::vector<std::string>> shownRows_;
+    QString shownPicture_;  // the artwork Picture1_ shows
     QGroupBox *fraLogo_ = nullptr, *fraMobile_ = nullptr, *fraDirectory_ = nullptr,
               *fraGroup_ = nullptr, *fraQueue_ = nullptr;
     QLineEdit *txtCountryCode_ = nullptr, *txtAreaCode_ = nullptr, *txtNumber_ = nullptr;

@@ -36,6 +36,12 @@ bool RemoteService::publish(QString& why) {
 
 void RemoteService::answer(RemoteAnswer taken, const QString& argument, int index) {
     if (taken == RemoteAnswer::Taken || !calledFromDBus()) return;
+    if (taken == RemoteAnswer::NotKept) {
+        sendErrorReply(QDBusError::Failed,
+                       "the queue could not be written to disk, so a message was not queued: " +
+                           ToQt(remote_.StatusLine()));
+        return;
+    }
     sendErrorReply(QDBusError::InvalidArgs,
                    taken == RemoteAnswer::NoSuchRow
                        ? QString("%1 %2 is not a row of the list").arg(argument).arg(index)

@@ -88,6 +88,7 @@ void frmMain::mnuQueue_Click() {
     // The message is queued only once the journal holds it: a kill must not lose what the
     // window says is in the queue. When it cannot be kept, it stays in the panel.
     if (!JournalQueue()) {
+        ++queueRefusals_;
         txtMessage.Text = QueueBuffer.back().Text;
         QueueBuffer.pop_back();
         --state.counters.NextMessageNumber;

@@ -99,7 +99,11 @@ class frmMain {
     void Form_Unload();
     // The longest the end of the program waits for the provider to finish dropping the call.
     static constexpr Milliseconds kExitDropLimit{6000};
+    // The longest a re-dial waits for the last call's drop before it tries the line anyway.
+    static constexpr Milliseconds kRedialDropLimit{30000};
     bool loaded() const { return loaded_; }
+    // How many messages the queue could not keep on disk, since the start.
+    int QueueRefusals() const { return queueRefusals_; }
     // The window is on its way out (waiting for the line to drop): commands do nothing.
     bool unloading() const { return unloading_; }
 
@@ -423,6 +427,9 @@ class frmMain {
     void SetCallingLook();
     // Stops the engine and waits, serving events, until the call is dropped (or the limit).
     void EndCallForExit();
+    // Runs the loop until the provider has dropped the last call or `limit` passed (or Stop
+    // was pressed, with stopEnds); answers how long that took.
+    Milliseconds AwaitDrop(Milliseconds limit, bool stopEnds);
     void SelectDefaultCentre();
     // Selects every row of Services equal to `name`, as a click would; none: no change.
     void SelectCentreByName(const std::string& name);
@@ -464,6 +471,7 @@ class frmMain {
     // change, with the messages in `finishing` whose archive file is about to be written.
     bool JournalQueue(const std::vector<FinishedMessage>& finishing = {});
     int journalError_ = 0;  // errno of the last journal write, 0 when it went
+    int queueRefusals_ = 0;
     // Records of delivered messages whose archive file could not be written yet. The journal
     // keeps them as finished, and nothing more goes to a centre until they are on disk.
     std::vector<FinishedMessage> unarchived_;

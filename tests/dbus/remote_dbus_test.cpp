@@ -160,6 +160,13 @@ TEST(RemoteOnTheBus, ColdStartSixMethodsSharedPanelAndWrongCalls) {
     }
     ASSERT_TRUE(Running());
 
+    // A queue the disk will not take answers an error; the message is not queued.
+    const auto blocker = home / "queue.journal.tmp";
+    std::filesystem::create_directory(blocker);
+    const auto full = Call("ParlaneQueueMessage", {"44", "07700", "900123", 0, "disk full"});
+    EXPECT_EQ(full.errorName().toStdString(), "org.freedesktop.DBus.Error.Failed");
+    std::filesystem::remove(blocker);
+
     // A second start on the same home ends at once and queues nothing.
     QProcess second;
     second.start(PARLANE_PROGRAM, {"--home", QString::fromStdString(home.string()),

@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -311,10 +312,11 @@ TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
     }
 }
 
-// A silent centre hangs up: the modem's "NO CARRIER" ends the call at once, not the response
-// time-out 30 s later.
-TEST(AtModemRoad, NoCarrierInTheDataEndsTheCallAtOnce) {
+// The centre hangs up: the modem's "NO CARRIER" ends the call at once, not a time-out. The
+// re-dial waits for a modem slow to answer ATH rather than spend an attempt on "Line In Use".
+TEST(AtModemRoad, NoCarrierEndsTheCallAndTheRedialWaitsForASlowHangUp) {
     PtyModemEmulator emulator;
+    emulator.setHangUpDelay(Milliseconds(7000));
     testing::TestPlatform p;
     RealTimeLoop loop;
     SimulatedModem simulated(loop);
@@ -324,12 +326,13 @@ TEST(AtModemRoad, NoCarrierInTheDataEndsTheCallAtOnce) {
     auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
     centre.TapiDevice = "2";
     centre.AreaCode = "0800";
-    centre.Number = "103100";
+    centre.Number = "100100";
     p.writeProviders({centre});
     frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
                  p.globals);
     form.Form_Load();
-    testing::Compose(form, "Nobody there", "44", "07700", "900123");
+    testing::Compose(form, "Dropped once", "44", "07700", "900123");
+    form.mnuQueue_Click();
     form.mnuSend_Click();
     ASSERT_TRUE(loop.runUntil([&] { return form.state.CallActive; }));
     const auto dropped = std::chrono::steady_clock::now();
@@ -337,6 +340,16 @@ TEST(AtModemRoad, NoCarrierInTheDataEndsTheCallAtOnce) {
     ASSERT_TRUE(loop.runUntil([&] { return !form.state.CallActive; }));
     EXPECT_LT(std::chrono::steady_clock::now() - dropped, std::chrono::seconds(3));
     EXPECT_FALSE(form.frmNoResponse.Visible);
+    // The second dial is the second attempt, once the modem has answered the ATH.
+    const auto dials = [&] {
+        const auto commands = emulator.commands();
+        return std::count_if(commands.begin(), commands.end(),
+                             [](const std::string& c) { return c.rfind("ATD", 0) == 0; });
+    };
+    EXPECT_TRUE(loop.runUntil([&] { return dials() == 2; }));
+    EXPECT_EQ(form.state.counters.DialAttempts, 1);
+    EXPECT_EQ(form.debugLog.text().find("LINEERR_INUSE"), std::string::npos);
+    emulator.setHangUpDelay(Milliseconds(0));
     form.Form_QueryUnload();
     form.Form_Unload();
 }

@@ -115,6 +115,24 @@ TEST(MainWindowPanels, MenuTogglesGrowTheWindowByThePanels) {
     EXPECT_FALSE(window.findChild<QWidget*>("fraGroup")->isVisible());
 }
 
+// A flooding centre mirrors the window at every read: the online picture is drawn again only
+// when its frame changes (each drawing held memory until the pixmap cache was full).
+TEST(MainWindowPanels, TheOnlinePictureIsDrawnOncePerFrame) {
+    TestPlatform p;
+    auto& form = p.load();
+    MainWindow window(form);
+    form.state.CallActive = true;
+    form.onlineFrame = 1;
+    window.controlsChanged();
+    auto* picture = window.findChild<QLabel*>("Picture1");
+    const auto drawn = picture->pixmap().cacheKey();
+    for (int i = 0; i < 50; ++i) window.controlsChanged();
+    EXPECT_EQ(picture->pixmap().cacheKey(), drawn);
+    form.onlineFrame = 2;
+    window.controlsChanged();
+    EXPECT_NE(picture->pixmap().cacheKey(), drawn);
+}
+
 TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindows) {
     TestPlatform p;
     auto& form = p.load();

@@ -56,6 +56,11 @@ void PtyModemEmulator::vanish() {
     [[maybe_unused]] auto n = ::write(wake_[1], &c, 1);
 }
 
+void PtyModemEmulator::setHangUpDelay(Milliseconds delay) {
+    std::lock_guard lock(mutex_);
+    hangUpDelay_ = delay;
+}
+
 void PtyModemEmulator::farEndHangsUp() {
     std::lock_guard lock(mutex_);
     tasks_.push_back([this] {
@@ -285,6 +290,10 @@ void PtyModemEmulator::onCommandLine(const std::string& raw) {
                 number();
                 if (callUp_) ++hangUps_;
                 endCall();
+                if (hangUpDelay_.count() > 0) {
+                    schedule(hangUpDelay_, [this] { result("OK", 0); });
+                    return;
+                }
                 break;
             case 'O':
                 if (!callUp_) return result("NO CARRIER", 3);

@@ -39,6 +39,8 @@ class PtyModemEmulator : private CentreLink {
     // The far end hangs up: "NO CARRIER" in the call's data, as a modem without a carrier
     // line to the computer tells it.
     void farEndHangsUp();
+    // ATH is answered this late, as by a modem slow to go on-hook.
+    void setHangUpDelay(Milliseconds delay);
 
     std::vector<std::string> commands() const;  // AT command lines, as received
     std::string dialled() const;                // dial string of the last ATD
@@ -72,6 +74,7 @@ class PtyModemEmulator : private CentreLink {
 
     Answer answer_ = Answer::Connect;
     const Milliseconds connectDelay_{300};
+    Milliseconds hangUpDelay_{0};
     Milliseconds guard_{900};  // a little under the usual second, to allow for scheduling
     bool echo_ = true, verbose_ = true, dataMode_ = false, callUp_ = false, dialPending_ = false;
     bool deaf_ = false;
