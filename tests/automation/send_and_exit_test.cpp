@@ -100,7 +100,6 @@ TEST(SendAndExit, AStoppedRunEndsUnfinished) {
     EXPECT_EQ(out.archived, std::vector<std::string>{"Aborted - User Pressed Stop (simulated)"});
 }
 
-// A line that is always in use never finishes a message; the start still ends.
 // A silent centre: the cut call keeps its record, but is no progress, so the start ends at the
 // limit rather than after every dial attempt.
 TEST(SendAndExit, ASilentCentreEndsAtTheLimit) {
@@ -111,6 +110,7 @@ TEST(SendAndExit, ASilentCentreEndsAtTheLimit) {
     EXPECT_EQ(out.archived, std::vector<std::string>{"Message Sending Timed Out (simulated)"});
 }
 
+// A line that is always in use never finishes a message; the start still ends.
 TEST(SendAndExit, ARunThatMakesNoProgressEndsAfterTheLimit) {
     TestPlatform p;
     p.writeProviders({MakeProvider("Alpha")});

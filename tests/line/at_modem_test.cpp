@@ -1,10 +1,13 @@
-// The AT modem provider through the real serial code, on a pseudo-terminal with an emulated
-// Hayes modem, in real time: the command dialogue, failed calls, hang-up and the next call, the
-// UUCP lock, and whole messages sent by the main window through the device list.
+// The real serial code on pseudo-terminals, in real time. The serial link: reads in turns of at
+// most 1000 bytes, every byte value both ways, and a close that is harmless when repeated and
+// leaves the descriptor to its owner. The AT modem provider, with an emulated Hayes modem: the
+// command dialogue, failed calls, hang-up and the next call, the UUCP lock, and whole messages
+// sent by the main window through the device list.
 #include "line/at/at_modem.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <sys/resource.h>
@@ -15,7 +18,9 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <thread>
 
+#include "line/at/posix_serial_link.h"
 #include "line/device_list.h"
 #include "line/modem_config.h"
 #include "support/pty_modem_emulator.h"
@@ -29,6 +34,100 @@ namespace {
 using testing::PtyModemEmulator;
 using testing::RealTimeLoop;
 using Clock = std::chrono::steady_clock;
+
+struct PtyPair {
+    PtyPair() {
+        master = posix_openpt(O_RDWR | O_NOCTTY);
+        grantpt(master);
+        unlockpt(master);
+        slave = open(ptsname(master), O_RDWR | O_NOCTTY);
+    }
+    ~PtyPair() {
+        close(slave);
+        close(master);
+    }
+    int master = -1, slave = -1;
+};
+
+std::string AllByteValues(std::size_t size) {
+    std::string bytes;
+    for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>(i % 256);
+    return bytes;
+}
+
+TEST(PosixSerialLink, ReadsInTurnsOfAtMostAThousandAndKeepsEveryByte) {
+    PtyPair pty;
+    RealTimeLoop loop;
+    PosixSerialLink link;
+    int events = 0;
+    ASSERT_TRUE(link.OpenCommunicationsPort(pty.slave, [&](std::int32_t code) {
+        loop.post([&, code] { events += code == 1 ? 1 : 1000; });
+    }));
+    const std::string sent = AllByteValues(1500);
+    ASSERT_EQ(write(pty.master, sent.data(), sent.size()), 1500);
+
+    // The program's way: one read per event.
+    std::string received;
+    std::vector<int> turns;
+    int handled = 0;
+    ASSERT_TRUE(loop.runUntil([&] {
+        while (handled < events) {
+            ++handled;
+            RxBufferArray buffer{};
+            const int n = link.GetRxCharacters(buffer);
+            turns.push_back(n);
+            received.append(reinterpret_cast<const char*>(buffer.data()),
+                            static_cast<std::size_t>(n));
+        }
+        return received.size() >= sent.size();
+    }));
+    EXPECT_EQ(received, sent);
+    ASSERT_GE(turns.size(), 2u);
+    for (int n : turns) {
+        EXPECT_GT(n, 0);
+        EXPECT_LE(n, 1000);
+    }
+
+    // Writes: NUL and the high half unchanged, in order.
+    const std::string out = AllByteValues(300);
+    EXPECT_TRUE(link.TxChars(out.substr(0, 100)));
+    EXPECT_TRUE(link.TxCharacters(out.substr(100)));
+    std::string echoed;
+    char chunk[512];
+    while (echoed.size() < out.size()) {
+        const auto n = read(pty.master, chunk, sizeof chunk);
+        ASSERT_GT(n, 0);
+        echoed.append(chunk, static_cast<std::size_t>(n));
+    }
+    EXPECT_EQ(echoed, out);
+
+    EXPECT_TRUE(link.CloseCommunicationsPort());
+    EXPECT_FALSE(link.CloseCommunicationsPort());
+    // The descriptor still belongs to whoever handed it over.
+    EXPECT_GE(fcntl(pty.slave, F_GETFD), 0);
+    // Nothing is read or announced after the close.
+    const int before = events;
+    ASSERT_EQ(write(pty.master, "x", 1), 1);
+    loop.waitSecs(0.2);
+    EXPECT_EQ(events, before);
+    RxBufferArray buffer{};
+    EXPECT_EQ(link.GetRxCharacters(buffer), 0);
+}
+
+TEST(PosixSerialLink, RefusesABadHandleAndSurvivesTheDeviceVanishing) {
+    PosixSerialLink link;
+    EXPECT_FALSE(link.OpenCommunicationsPort(0, [](std::int32_t) {}));
+    EXPECT_FALSE(link.OpenCommunicationsPort(987654, [](std::int32_t) {}));
+    EXPECT_FALSE(link.CloseCommunicationsPort());
+
+    auto pty = std::make_unique<PtyPair>();
+    ASSERT_TRUE(link.OpenCommunicationsPort(pty->slave, [](std::int32_t) {}));
+    // The other side goes away: the reader must neither spin nor keep the close from returning.
+    close(pty->master);
+    pty->master = open("/dev/null", O_RDONLY);
+    std::this_thread::sleep_for(Milliseconds(100));
+    EXPECT_TRUE(link.CloseCommunicationsPort());
+}
 
 struct Bench {
     Bench() {
@@ -279,77 +378,71 @@ TEST(ModemDeviceList, ListsSettingsThenDetectedPortsOnceEachWithoutOpeningThem) 
     EXPECT_EQ(later.lineOpen(2, line), LINEERR_BADDEVICEID);
 }
 
-// The main window sends through device 2 of the device list: the modem on the pty.
-TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
-    for (const auto& [number, protocol] :
-         {std::pair{"100100", ProtocolTap}, {"100101", ProtocolUcp}}) {
-        SCOPED_TRACE(number);
-        PtyModemEmulator emulator;
-        testing::TestPlatform p;
-        RealTimeLoop loop;
-        SimulatedModem simulated(loop);
-        AtModemOptions defaults;
-        defaults.lockDir.clear();
-        DeviceList devices(loop, simulated, emulator.devicePath(), "", defaults, {});
+// The main window dialling a centre on device 2 of the device list: the modem on the pty.
+struct PtyRoad {
+    PtyRoad(int protocol, const char* number) {
         auto centre = testing::MakeProvider("Modem", protocol, "3");
         centre.TapiDevice = "2";
         centre.AreaCode = "0800";
         centre.Number = number;
         p.writeProviders({centre});
-        frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
-                     p.globals);
         form.Form_Load();
         testing::Compose(form, "Hello over a real port", "44", "07700", "900123");
         form.mnuQueue_Click();
         form.mnuSend_Click();
-        EXPECT_TRUE(loop.runUntil(
-            [&] { return form.lblInfo.Caption == "There are no more messages in the queue  "; }));
+    }
+    static AtModemOptions Unlocked() {
+        AtModemOptions o;
+        o.lockDir.clear();
+        return o;
+    }
+    PtyModemEmulator emulator;
+    testing::TestPlatform p;
+    RealTimeLoop loop;
+    SimulatedModem simulated{loop};
+    DeviceList devices{loop, simulated, emulator.devicePath(), "", Unlocked(), {}};
+    frmMain form{Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
+                 p.globals};
+};
+
+TEST(AtModemRoad, TapAndUcpMessagesGoThroughTheRealPort) {
+    for (const auto& [number, protocol] :
+         {std::pair{"100100", ProtocolTap}, {"100101", ProtocolUcp}}) {
+        SCOPED_TRACE(number);
+        PtyRoad road(protocol, number);
+        EXPECT_TRUE(road.loop.runUntil([&] {
+            return road.form.lblInfo.Caption == "There are no more messages in the queue  ";
+        }));
         // After the run the call is dropped and the line closed (IDLE closes it).
-        EXPECT_TRUE(loop.runUntil([&] { return form.lblEvent == "1"; }));
-        EXPECT_FALSE(emulator.callUp());
-        EXPECT_EQ(emulator.accepted(), 1);
-        EXPECT_EQ(p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
+        EXPECT_TRUE(road.loop.runUntil([&] { return road.form.lblEvent == "1"; }));
+        EXPECT_FALSE(road.emulator.callUp());
+        EXPECT_EQ(road.emulator.accepted(), 1);
+        EXPECT_EQ(road.p.archiveStatuses(), std::vector<std::string>{"Message Sent Successfully"});
     }
 }
 
 // The centre hangs up: the modem's "NO CARRIER" ends the call at once, not a time-out. The
 // re-dial waits for a modem slow to answer ATH rather than spend an attempt on "Line In Use".
 TEST(AtModemRoad, NoCarrierEndsTheCallAndTheRedialWaitsForASlowHangUp) {
-    PtyModemEmulator emulator;
-    emulator.setHangUpDelay(Milliseconds(7000));
-    testing::TestPlatform p;
-    RealTimeLoop loop;
-    SimulatedModem simulated(loop);
-    AtModemOptions defaults;
-    defaults.lockDir.clear();
-    DeviceList devices(loop, simulated, emulator.devicePath(), "", defaults, {});
-    auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
-    centre.TapiDevice = "2";
-    centre.AreaCode = "0800";
-    centre.Number = "100100";
-    p.writeProviders({centre});
-    frmMain form(Platform{loop, p.settings, p.dialogues, p.formats, devices, devices, p.home},
-                 p.globals);
-    form.Form_Load();
-    testing::Compose(form, "Dropped once", "44", "07700", "900123");
-    form.mnuQueue_Click();
-    form.mnuSend_Click();
-    ASSERT_TRUE(loop.runUntil([&] { return form.state.CallActive; }));
-    const auto dropped = std::chrono::steady_clock::now();
-    emulator.farEndHangsUp();
-    ASSERT_TRUE(loop.runUntil([&] { return !form.state.CallActive; }));
-    EXPECT_LT(std::chrono::steady_clock::now() - dropped, std::chrono::seconds(3));
+    PtyRoad road(ProtocolTap, "100100");
+    auto& form = road.form;
+    road.emulator.setHangUpDelay(Milliseconds(7000));
+    ASSERT_TRUE(road.loop.runUntil([&] { return form.state.CallActive; }));
+    const auto dropped = Clock::now();
+    road.emulator.farEndHangsUp();
+    ASSERT_TRUE(road.loop.runUntil([&] { return !form.state.CallActive; }));
+    EXPECT_LT(Clock::now() - dropped, std::chrono::seconds(3));
     EXPECT_FALSE(form.frmNoResponse.Visible);
     // The second dial is the second attempt, once the modem has answered the ATH.
     const auto dials = [&] {
-        const auto commands = emulator.commands();
+        const auto commands = road.emulator.commands();
         return std::count_if(commands.begin(), commands.end(),
                              [](const std::string& c) { return c.rfind("ATD", 0) == 0; });
     };
-    EXPECT_TRUE(loop.runUntil([&] { return dials() == 2; }));
+    EXPECT_TRUE(road.loop.runUntil([&] { return dials() == 2; }));
     EXPECT_EQ(form.state.counters.DialAttempts, 1);
     EXPECT_EQ(form.debugLog.text().find("LINEERR_INUSE"), std::string::npos);
-    emulator.setHangUpDelay(Milliseconds(0));
+    road.emulator.setHangUpDelay(Milliseconds(0));
     form.Form_QueryUnload();
     form.Form_Unload();
 }

@@ -1,5 +1,5 @@
-// The simulated centres, fed the bytes the program writes, in virtual time. The menu centres
-// are driven by the program itself in simulated_road_test.cpp.
+// The simulated centres in virtual time: fed the bytes the program writes, and on the whole road
+// of a message through the simulated modem, for every dialogue and the line's faults.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -13,6 +13,7 @@
 #include "line/sim/simulated_tim_centre.h"
 #include "line/sim/simulated_ucp_centre.h"
 #include "line/sim/simulated_voda_centre.h"
+#include "support/test_platform.h"
 
 namespace parlane {
 namespace {
@@ -261,6 +262,88 @@ TEST(CentreNumberPlan, LastDigitsPickTheCentreTheFaultAndTheVariant) {
         for (const auto& in : p.inputs) last = call.send(in);
         EXPECT_TRUE(std::regex_search(last, std::regex(p.want))) << last;
     }
+}
+
+using testing::MakeProvider;
+using testing::QueueTexts;
+using testing::TestPlatform;
+
+struct Road {
+    std::vector<std::string> statuses;  // archive statuses, in file order
+    long long seconds = 0;              // virtual time the run took
+    int unmarked = 0;  // status lines telling a delivery without saying it was simulated
+};
+
+Road Drive(int protocol, const std::string& number, int messages,
+           const std::string& password = "") {
+    TestPlatform p;
+    p.useSimulatedModem();
+    auto centre = MakeProvider("Sim", protocol, "3");
+    centre.AreaCode = "0800";
+    centre.Number = number;
+    centre.Password = password;
+    p.writeProviders({centre});
+    auto& f = p.load();
+    for (int i = 1; i <= messages; ++i)
+        QueueTexts(f, {"Message number " + std::to_string(i) + " [ok]"}, "44", "07700", "900123");
+    f.mnuSend_Click();
+    EXPECT_TRUE(p.loop.runUntil(
+        [&] { return f.lblInfo.Caption == "There are no more messages in the queue  "; }));
+    int unmarked = 0;
+    for (const auto& line : p.statusLines)
+        if (line.rfind("Message Sent Successfully", 0) == 0 &&
+            line.find("(simulated)") == std::string::npos)
+            ++unmarked;
+    return {p.archiveStatuses(), p.loop.now().count() / 1000, unmarked};
+}
+
+// The number of the centre for `protocol` with fault `fault` and variant `variant`.
+std::string Number(int protocol, char fault, char variant = '1') {
+    return std::string{variant, fault} + std::to_string(100 + protocol);
+}
+
+TEST(SimulatedRoad, EveryDialogueDeliversThroughEveryFaultOfTheLine) {
+    const std::vector<std::string> sent(3, "Message Sent Successfully (simulated)");
+    for (int protocol = ProtocolTap; protocol <= ProtocolLibertel; ++protocol) {
+        for (char fault : {'0', '5', '6', '7', '1'}) {
+            // TAP and TIM look at the latest chunk only, so text in small pieces is theirs
+            // to miss; the appending dialogues must not care how it is cut.
+            const bool appends = protocol != ProtocolTap && protocol != ProtocolTim;
+            if (fault == '6' && !appends) continue;
+            const auto road = Drive(protocol, Number(protocol, fault), 3);
+            EXPECT_EQ(road.statuses, sent) << "protocol " << protocol << " fault " << fault;
+            EXPECT_EQ(road.unmarked, 0) << "protocol " << protocol;
+            EXPECT_LT(road.seconds, 400) << "protocol " << protocol << " fault " << fault;
+        }
+    }
+    // The other manners of each centre (the cases above have variant 1), without a fault.
+    for (const auto& [protocol, variants] : {std::pair{ProtocolTap, "0234"},
+                                             {ProtocolUcp, "023"},
+                                             {ProtocolVoda, "0"},
+                                             {ProtocolTim, "023"}})
+        for (const char* v = variants; *v; ++v)
+            EXPECT_EQ(Drive(protocol, Number(protocol, '0', *v), 3).statuses, sent)
+                << "protocol " << protocol << " variant " << *v;
+}
+
+TEST(SimulatedRoad, RefusalsPasswordsAndSilence) {
+    // The second message of each call is refused (protocol 6: TAP refusing by RS); the others
+    // go through.
+    for (int protocol = ProtocolTap; protocol <= ProtocolLibertel + 1; ++protocol) {
+        const bool rs = protocol > ProtocolLibertel;
+        auto road = Drive(rs ? ProtocolTap : protocol,
+                          rs ? Number(ProtocolTap, '8', '5') : Number(protocol, '8'), 3);
+        std::sort(road.statuses.begin(), road.statuses.end());
+        ASSERT_EQ(road.statuses.size(), 3u) << protocol;
+        EXPECT_EQ(road.statuses[2].rfind("Message Sent Successfully", 0), 0u) << protocol;
+        EXPECT_EQ(road.statuses[0].rfind("Message Rejected By SMSC", 0), 0u) << protocol;
+    }
+    // The right password gets in; a wrong one is refused call after call until the attempts
+    // run out.
+    EXPECT_EQ(Drive(ProtocolTap, "109100", 1, "secret").statuses,
+              std::vector<std::string>{"Message Sent Successfully (simulated)"});
+    EXPECT_EQ(Drive(ProtocolTap, "109100", 1, "guess").statuses,
+              std::vector<std::string>{"Aborted - Maximum Dial Attempts Exceeded (simulated)"});
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
-// The centre editor's view: a centre added by real key events carries a message through the
-// simulated modem, and a block edited with &Properties reaches the line before the dial.
+// The editors' views. The centre editor: a centre added by real key events carries a message
+// through the simulated modem, and a block edited with &Properties reaches the line before the
+// dial. The directory entry: keys go through the model's rules, the buttons through its handlers,
+// and the view closes when the model unloads.
 #include "qt/dialogs/centre_dialog.h"
 
 #include <gtest/gtest.h>
@@ -20,23 +22,24 @@
 #include "config/frm_smsc_edit.h"
 #include "core/file_io.h"
 #include "line/sim/simulated_modem.h"
+#include "qt/dialogs/directory_dialogs.h"
 #include "qt/main_window.h"
 #include "qt/qt_event_loop.h"
 #include "support/test_platform.h"
+#include "ui/frm_directory_add.h"
 
 namespace parlane {
 namespace {
 
 using testing::TestPlatform;
 
-// Runs `body` on the centre editor once it is open.
-void WhenEditorOpen(std::function<void(QDialog&)> body) {
-    QTimer::singleShot(0, [body] {
+// Runs `body` on the dialogue once it is open.
+void WhenOpen(const char* name, std::function<void(QDialog&)> body) {
+    QTimer::singleShot(0, [name, body] {
         for (QWidget* w : QApplication::topLevelWidgets())
-            if (auto* d = qobject_cast<QDialog*>(w);
-                d && d->objectName() == "frmSMSCEdit" && d->isVisible())
+            if (auto* d = qobject_cast<QDialog*>(w); d && d->objectName() == name && d->isVisible())
                 return body(*d);
-        FAIL() << "frmSMSCEdit not open";
+        FAIL() << name << " not open";
     });
 }
 
@@ -58,7 +61,7 @@ TEST(QtCentreEditor, ACentreAddedByKeysCarriesAMessage) {
     form.Form_Load();
     MainWindow window(form);
     window.show();
-    WhenEditorOpen([&](QDialog& d) {
+    WhenOpen("frmSMSCEdit", [&](QDialog& d) {
         Retype(d, "txtProviderName", "Sim UCP");
         Retype(d, "txtCountryCode", "44");
         Retype(d, "txtAreaCode", "0800");
@@ -127,7 +130,7 @@ TEST(QtCentreEditor, PropertiesGiveTheBlockTheLineGetsBeforeTheDial) {
     MainWindow window(form);
     window.show();
     p.settings.write("Parlane", "Settings", "FirstEdit", "1");
-    WhenEditorOpen([&](QDialog& d) {
+    WhenOpen("frmSMSCEdit", [&](QDialog& d) {
         // A character the code page lacks is refused, and stays on screen as typed.
         auto* password = d.findChild<QLineEdit*>("txtPassword");
         QTest::keyClicks(password, "p");
@@ -157,6 +160,31 @@ TEST(QtCentreEditor, PropertiesGiveTheBlockTheLineGetsBeforeTheDial) {
               std::find_if(p.line.log.begin(), p.line.log.end(), [](const std::string& s) {
                   return s.rfind("translate", 0) == 0;
               }) - p.line.log.begin());
+}
+
+TEST(QtDirectoryDialogs, EntryKeysAndSaveGoThroughTheModel) {
+    testing::TestPlatform p;
+    p.writeProviders({testing::MakeProvider("Alpha")});
+    auto& form = p.load();
+    frmDirectoryAdd model(form, {"", "44", "", "", "Alpha"});
+    model.Form_Load();
+    WhenOpen("frmDirectoryAdd", [&](QDialog& d) {
+        EXPECT_TRUE(d.findChild<QCheckBox*>("chkUseService")->isChecked());
+        EXPECT_EQ(d.findChild<QComboBox*>("Country")->count(), 242);
+        auto* number = d.findChild<QLineEdit*>("txtNumber");
+        QTest::keyClicks(number, "5a+1");
+        EXPECT_EQ(number->text(), "5+1");
+        QTest::keyClicks(d.findChild<QLineEdit*>("txtAreaCode"), "07");
+        d.findChild<QPushButton*>("cmdProviderItemOk")->click();  // no name yet
+        EXPECT_TRUE(d.isVisible());
+        QTest::keyClicks(d.findChild<QLineEdit*>("txtName"), "Cleo");
+        d.findChild<QPushButton*>("cmdProviderItemOk")->click();
+    });
+    ShowDirectoryAddDialog(nullptr, model);
+    EXPECT_TRUE(model.unloaded);
+    EXPECT_EQ(p.dialogues.shown.at(0).prompt, "Please Enter A Name");
+    ASSERT_EQ(form.Directory.size(), 1u);
+    EXPECT_EQ(form.Directory[0], (DirectoryEntry{"Cleo", "44", "07", "5+1", "Alpha"}));
 }
 
 }  // namespace

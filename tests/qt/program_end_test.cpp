@@ -43,20 +43,22 @@ bool WaitFor(Predicate predicate, std::chrono::seconds limit) {
 }
 
 // One start of the program with "Ann hello" on its command line; Ann's centre dials device 2,
-// the emulated modem.
+// the emulated modem. A home saved before the internet line had that port on device 1, with the
+// modem's block in the centre.
 struct ProgramRun {
-    ProgramRun() {
+    explicit ProgramRun(bool homeFromBefore = false) {
         auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
-        centre.TapiDevice = "2";
+        centre.TapiDevice = homeFromBefore ? "1" : "2";
         centre.AreaCode = "0800";
         centre.Number = "100100";
+        if (homeFromBefore) centre.DevConfig = EncodeModemConfig(ModemConfig{});
         DirectoryEntry ann{"Ann", "44", "07700", "900123", "Modem"};
         std::string error;
         WriteFileAtomically(home.path() / "smsc.dat", SerializeProviderFile({centre}, error));
         WriteFileAtomically(home.path() / "phones.dat", SerializeDirectoryFile({ann}, error));
-        const std::string port = emulator.devicePath();
         std::ofstream(home.path() / "Parlane.ini")
-            << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=2\nName=" << port << "\n";
+            << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=" << centre.TapiDevice
+            << "\nName=" << port << "\n";
     }
     ~ProgramRun() {
         if (pid > 0) {
@@ -113,6 +115,7 @@ struct ProgramRun {
     }
 
     PtyModemEmulator emulator;
+    const std::string port = emulator.devicePath();
     TempFolder home, locks;
     pid_t pid = -1;
     std::vector<std::string> arguments{"Ann", "hello"};
@@ -162,17 +165,7 @@ TEST(ProgramEnd, TheModemHangsUpBeforeTheProcessEnds) {
 // stands now. Started by a script, with no one to answer the modem question, it still dials its
 // own port, and the archive and the exit status tell a real delivery.
 TEST(ProgramRoads, AHomeFromBeforeTheInternetLineStillDialsItsPort) {
-    ProgramRun run;
-    auto centre = testing::MakeProvider("Modem", ProtocolTap, "3");
-    centre.TapiDevice = "1";
-    centre.AreaCode = "0800";
-    centre.Number = "100100";
-    centre.DevConfig = EncodeModemConfig(ModemConfig{});
-    std::string error;
-    WriteFileAtomically(run.home.path() / "smsc.dat", SerializeProviderFile({centre}, error));
-    const std::string port = run.emulator.devicePath();
-    std::ofstream(run.home.path() / "Parlane.ini")
-        << "[FirstRun]\nModem=4\n[Modem]\nPorts=" << port << "\nIndex=1\nName=" << port << "\n";
+    ProgramRun run(true);
     run.arguments = {"--send-and-exit", "Ann", "hello"};
     run.start();
     const auto status = run.end(std::chrono::seconds(60));
@@ -189,7 +182,7 @@ TEST(ProgramRoads, AHomeFromBeforeTheInternetLineStillDialsItsPort) {
     EXPECT_EQ(centres.at(0).TapiDevice, "2");
     const auto settings = ReadWholeFile(run.home.path() / "Parlane.ini").value_or("");
     // The numbers are remembered now, and the chosen modem follows its port.
-    EXPECT_NE(settings.find("Lines=\"simulated;internet;" + port + "\""), std::string::npos)
+    EXPECT_NE(settings.find("Lines=\"simulated;internet;" + run.port + "\""), std::string::npos)
         << settings;
     EXPECT_NE(settings.find("Index=2"), std::string::npos) << settings;
 }

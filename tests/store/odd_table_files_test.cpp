@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstring>
 #include <fstream>
-#include <random>
 
 #include "core/file_io.h"
 #include "support/test_platform.h"
@@ -20,12 +19,7 @@ using testing::TestPlatform;
 
 void WriteGoodTables(TestPlatform& p) {
     p.writeProviders({MakeProvider("Alpha")});
-    DirectoryEntry ann;
-    ann.Name = "Ann";
-    ann.CountryCode = "44";
-    ann.AreaCode = "07";
-    ann.Number = "1234";
-    p.writeDirectory({ann});
+    p.writeDirectory({{"Ann", "44", "07", "1234", ""}});
     std::string error;
     std::filesystem::create_directories(p.home / "Data");
     WriteFileAtomically(p.home / "Data" / "group.dat", SerializeNameListFile({"Friends"}, error));
@@ -35,24 +29,16 @@ void WriteGoodTables(TestPlatform& p) {
 }
 
 TEST(OddTableFiles, AreSetAsideAndTheStartGoesOn) {
-    testing::TempFolder scratch;
-    const auto noise = scratch.path() / "noise";
-    {
-        std::mt19937 random(7);
-        std::string block(1 << 20, '\0');
-        std::ofstream out(noise, std::ios::binary);
-        for (int mb = 0; mb < 100; ++mb) {
-            for (auto& c : block) c = static_cast<char>(random());
-            out.write(block.data(), static_cast<std::streamsize>(block.size()));
-        }
-    }
     const std::pair<const char*, std::function<void(const std::filesystem::path&)>> kinds[] = {
         {"Not an ordinary file", [](const auto& path) { ::mkfifo(path.c_str(), 0600); }},
         {"Not an ordinary file", [](const auto& path) { std::filesystem::create_directory(path); }},
         {"Not an ordinary file",
          [](const auto& path) { std::filesystem::create_symlink("/dev/zero", path); }},
         {"Larger than 32 MB",
-         [&](const auto& path) { std::filesystem::create_hard_link(noise, path); }},
+         [](const auto& path) {
+             std::ofstream{path};
+             std::filesystem::resize_file(path, 100u << 20);
+         }},
     };
     for (const std::string table :
          {"smsc.dat", "phones.dat", "Data/group.dat", "queue.dat", "queue.journal"}) {

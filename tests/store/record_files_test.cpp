@@ -1,11 +1,17 @@
+// The table files' records: their stored bytes, damage and noise, and the lookups in the tables.
+// The send buffer's sort must give exactly what the procedure with its rescans gives, equal keys
+// included; the transcription below keeps those rescans.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
 
+#include "core/string_ids.h"
+#include "store/directory.h"
 #include "store/message_queue.h"
 #include "store/provider.h"
 #include "store/queue_journal.h"
+#include "support/test_platform.h"
 
 namespace parlane {
 namespace {
@@ -29,20 +35,10 @@ Provider MakeCentre(const std::string& name) {
     return p;
 }
 
+// The test centre with a device block of its own.
 Provider TestCentre() {
-    Provider p;
-    p.ProviderName = "Test";
-    p.TapiDevice = "0";
-    p.CountryCode = "44";
-    p.AreaCode = "07";
-    p.Number = "1234";
-    p.MaxChars = "160";
-    p.Protocol = ProtocolTap;
-    p.MultiMessage = 1;
-    p.AllowASCII = "0";
+    Provider p = testing::MakeProvider("Test");
     p.DevConfig = {0xAA, 0xBB};
-    p.MaxMessages = "3";
-    p.UCPOperation = "01";
     return p;
 }
 
@@ -172,6 +168,115 @@ TEST(Providers, SortLookupAndDefaults) {
     EXPECT_EQ(DefaultCentreName(true, true), "Telstra Australia");
     EXPECT_EQ(DefaultCentreName(true, false), "TIM Italy");
     EXPECT_EQ(DefaultCentreName(false, false), "BT Cellnet UK");
+}
+
+TEST(Directory, FilesAreByteExact) {
+    std::string error;
+    const DirectoryEntry ann{"Ann", "44", "07", "1234", ""};
+    const std::string phones(
+        "\x03\x00"
+        "Ann\x02\x00"
+        "44\x02\x00"
+        "07\x04\x00"
+        "1234\x00\x00",
+        21);
+    EXPECT_EQ(SerializeDirectoryFile({ann}, error), phones);
+    EXPECT_EQ(ParseDirectoryFile(phones).records, std::vector<DirectoryEntry>{ann});
+    EXPECT_TRUE(ParseDirectoryFile("").records.empty());
+
+    EXPECT_EQ(SerializeNameListFile({"Staff"}, error), std::string("\x05\x00Staff", 7));
+    const std::string members(
+        "\x03\x00"
+        "Ann\x03\x00"
+        "Bob",
+        10);
+    EXPECT_EQ(SerializeNameListFile({"Ann", "Bob"}, error), members);
+    EXPECT_EQ(ParseNameListFile(members).records, (std::vector<std::string>{"Ann", "Bob"}));
+}
+
+TEST(Directory, LookupsByNameAndByNumber) {
+    const std::vector<DirectoryEntry> d = {{"Ann", "44", "07", "1234", ""},
+                                           {"ANN", "44", "07", "999", ""},
+                                           {"\xC9lise", "33", "06", "1", "Orange"}};
+    EXPECT_EQ(FindName(d, "ann"), 0);  // the first in table order wins
+    EXPECT_EQ(FindName(d, "\xE9LISE"), 2);
+    EXPECT_EQ(FindName(d, "An"), -1);
+    EXPECT_EQ(FindName({}, "Ann"), -1);
+    EXPECT_EQ(FindNameByNumber(d, "44", "07", "999"), "ANN");
+    EXPECT_EQ(FindNameByNumber(d, "44", "7", "999"), "");
+    EXPECT_EQ(FindNameByNumber({}, "44", "07", "999"), "");
+}
+
+TEST(Directory, CountryTableAndGroupNames) {
+    EXPECT_EQ(CountryDialCode("Georgia"), "995");
+    EXPECT_EQ(CountryDialCode("georgia"), "");  // the list's own spelling only
+
+    for (const char* fine : {"Staff", "Family & friends", "A.B", "\xC9quipe"})
+        EXPECT_EQ(GroupNameProblem(fine), 0) << fine;
+    for (const char* bad :
+         {"group", "GROUP", "smsc", "Phones", "queue", "a/b", "a\\b", "..", ".", "tab\there"})
+        EXPECT_EQ(GroupNameProblem(bad), sid::GroupNameNotAllowed) << bad;
+    EXPECT_EQ(GroupNameProblem(std::string(201, 'x')), sid::GroupNameNotAllowed);
+}
+
+void Swap(MessageTable& a, int x, int y) {
+    const QueuedMessage t = a[static_cast<std::size_t>(x)];
+    a[static_cast<std::size_t>(x)] = a[static_cast<std::size_t>(y)];
+    a[static_cast<std::size_t>(y)] = t;
+}
+
+void LiteralSort(MessageTable& a, int& lo, int& hi) {
+    if (lo == 0 && hi == 0) {
+        lo = 0;
+        hi = static_cast<int>(a.size()) - 1;
+    }
+    if (lo > hi) return;
+    const auto at = [&](int k) -> QueuedMessage& { return a[static_cast<std::size_t>(k)]; };
+    if (hi - lo == 1) {
+        if (CompareByProviderIndex(at(lo), at(hi)) > 0) Swap(a, lo, hi);
+        return;
+    }
+    const QueuedMessage pivot = at(hi);
+    int i, j;
+    do {
+        i = lo;
+        j = hi;
+        while (i < j && CompareByProviderIndex(at(i), pivot) <= 0) ++i;
+        while (j > i && CompareByProviderIndex(at(j), pivot) >= 0) --j;
+        if (i < j) Swap(a, i, j);
+    } while (i < j);
+    Swap(a, i, hi);
+    int l1 = lo, h1 = i - 1, l2 = i + 1, h2 = hi;
+    if (i - lo < hi - i) {
+        LiteralSort(a, l1, h1);
+        LiteralSort(a, l2, h2);
+    } else {
+        LiteralSort(a, l2, h2);
+        LiteralSort(a, l1, h1);
+    }
+}
+
+TEST(SortSendBuffer, GivesExactlyTheResultOfTheProcedureAsWritten) {
+    std::mt19937 random(20261122);
+    for (int round = 0; round < 3000; ++round) {
+        const int size = 1 + static_cast<int>(random() % 60);
+        const int centres = 1 + static_cast<int>(random() % 6);
+        MessageTable table(static_cast<std::size_t>(size));
+        for (int k = 0; k < size; ++k) {
+            table[static_cast<std::size_t>(k)].MessageNumber = k;
+            table[static_cast<std::size_t>(k)].ProviderIndex =
+                static_cast<int>(random() % static_cast<unsigned>(centres));
+        }
+        // Usually with the lowest key at 0, as the run's marker is; sometimes not.
+        if (round % 4 != 0) table[0].ProviderIndex = 0;
+        MessageTable expected = table;
+        int lo = 0, hi = 0, elo = 0, ehi = 0;
+        LiteralSort(expected, elo, ehi);
+        SortSendBuffer(table, lo, hi);
+        ASSERT_EQ(table, expected) << "round " << round;
+        for (std::size_t k = 1; k < table.size(); ++k)
+            ASSERT_LE(table[k - 1].ProviderIndex, table[k].ProviderIndex);
+    }
 }
 
 }  // namespace

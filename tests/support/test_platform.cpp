@@ -243,8 +243,7 @@ bool TestPlatform::saw(const std::string& status) const {
     return std::find(statusLines.begin(), statusLines.end(), status) != statusLines.end();
 }
 
-Provider MakeProvider(const std::string& name, int protocol, const std::string& maxMessages,
-                      int multiMessage) {
+Provider MakeProvider(const std::string& name, int protocol, const std::string& maxMessages) {
     Provider p;
     p.ProviderName = name;
     p.TapiDevice = "0";
@@ -253,7 +252,7 @@ Provider MakeProvider(const std::string& name, int protocol, const std::string& 
     p.Number = "1234";
     p.MaxChars = "160";
     p.Protocol = protocol;
-    p.MultiMessage = multiMessage;
+    p.MultiMessage = 1;
     p.AllowASCII = "0";
     p.MaxMessages = maxMessages;
     p.UCPOperation = "01";

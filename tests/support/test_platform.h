@@ -155,7 +155,7 @@ struct TestPlatform {
 
 // A centre with the fields the engine reads.
 Provider MakeProvider(const std::string& name, int protocol = ProtocolTap,
-                      const std::string& maxMessages = "3", int multiMessage = 1);
+                      const std::string& maxMessages = "3");
 
 // Fills the compose panel.
 void Compose(frmMain& form, const std::string& text, const std::string& country = "44",

@@ -57,27 +57,25 @@ TEST(StandardTexts, InsertAppendsAndCutsAtTheLimitOfTheTotal) {
 TEST(StandardTexts, SignatureTimeAndDateAndNoLimitBeforeAnyCentre) {
     ToolFixture t;
     t.f.lblTotal.Caption = "";
+    EXPECT_EQ(TotalLimit(Label{"/"}), 0);
+    // The signature offers its default; an empty answer stores nothing.
+    t.tools.mnuSig_Click();
+    EXPECT_EQ(t.p.dialogues.shown.back().prompt, "Enter your signature line");
+    EXPECT_EQ(t.p.dialogues.inputDefaults.back(), "My Signature");
+    EXPECT_FALSE(t.p.settings.read("Parlane", "Texts", "Signature"));
     t.tools.picToolIcons_Click(frmToolWindow::kSignatureIcon);
     EXPECT_EQ(t.f.txtMessage.Text, "My Signature");
+    t.p.dialogues.inputs = {"-- Ann"};
+    t.tools.mnuSig_Click();
+    t.f.txtMessage.Text.clear();
+    t.tools.picToolIcons_Click(frmToolWindow::kSignatureIcon);
+    EXPECT_EQ(t.f.txtMessage.Text, "-- Ann");
     t.f.txtMessage.Text.clear();
     t.tools.picToolIcons_Click(frmToolWindow::kDateIcon);
     t.tools.picToolIcons_Click(frmToolWindow::kDateIcon);
     EXPECT_EQ(t.f.txtMessage.Text, "02/01/202602/01/2026");  // nothing between the two
     t.tools.picToolIcons_Click(frmToolWindow::kTimeIcon);
     EXPECT_EQ(t.f.txtMessage.Text, "02/01/202602/01/202610:00");
-    EXPECT_EQ(TotalLimit(Label{"/"}), 0);
-}
-
-TEST(StandardTexts, NamedNotesCaptionTheirIconAndMenuEntry) {
-    ToolFixture t;
-    EXPECT_EQ(t.tools.picToolIconsToolTipText[4], "Note5");
-    EXPECT_EQ(t.tools.mnuNote[4].Caption, "Note5");
-    t.p.settings.write("Parlane", "Texts", "Name5", "Late");
-    frmToolWindow again(t.f);
-    again.Form_Load();
-    EXPECT_EQ(again.picToolIconsToolTipText[4], "Late");
-    EXPECT_EQ(again.mnuNote[4].Caption, "Late");
-    EXPECT_EQ(again.mnuNote[3].Caption, "Note4");
 }
 
 TEST(StandardTexts, EditingANoteAsksTextThenNameAndAnEmptyAnswerEndsIt) {
@@ -99,6 +97,7 @@ TEST(StandardTexts, EditingANoteAsksTextThenNameAndAnEmptyAnswerEndsIt) {
     EXPECT_EQ(t.p.settings.read("Parlane", "Texts", "Note2"), "new text");
     EXPECT_FALSE(t.p.settings.read("Parlane", "Texts", "Name2"));
     EXPECT_EQ(t.tools.mnuNote[1].Caption, "Note2");
+    EXPECT_EQ(t.tools.picToolIconsToolTipText[1], "Note2");
 
     t.p.dialogues.inputs = {"newer", "Greeting"};
     t.tools.mnu2_Click();
@@ -106,18 +105,12 @@ TEST(StandardTexts, EditingANoteAsksTextThenNameAndAnEmptyAnswerEndsIt) {
     EXPECT_EQ(t.p.settings.read("Parlane", "Texts", "Name2"), "Greeting");
     EXPECT_EQ(t.tools.mnuNote[1].Caption, "Greeting");
     EXPECT_EQ(t.tools.picToolIconsToolTipText[1], "Greeting");
-}
-
-TEST(StandardTexts, SignatureOffersTheDefaultAndIgnoresAnEmptyAnswer) {
-    ToolFixture t;
-    t.tools.mnuSig_Click();
-    EXPECT_EQ(t.p.dialogues.shown.back().prompt, "Enter your signature line");
-    EXPECT_EQ(t.p.dialogues.inputDefaults.back(), "My Signature");
-    EXPECT_FALSE(t.p.settings.read("Parlane", "Texts", "Signature"));
-    t.p.dialogues.inputs = {"-- Ann"};
-    t.tools.mnuSig_Click();
-    t.tools.picToolIcons_Click(frmToolWindow::kSignatureIcon);
-    EXPECT_EQ(t.f.txtMessage.Text, "-- Ann");
+    // The next window takes the stored name.
+    frmToolWindow again(t.f);
+    again.Form_Load();
+    EXPECT_EQ(again.mnuNote[1].Caption, "Greeting");
+    EXPECT_EQ(again.picToolIconsToolTipText[1], "Greeting");
+    EXPECT_EQ(again.mnuNote[2].Caption, "Note3");
 }
 
 TEST(StandardTexts, PlacedRightOfTheMainWindowOrAgainstTheScreenEdge) {
