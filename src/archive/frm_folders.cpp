@@ -58,12 +58,21 @@ std::vector<FolderNode> FillFolderTree(const std::filesystem::path& archiveRoot)
         const std::string name = it->path().filename().string();
         std::error_code typeError;
         if (name.empty() || name[0] == '.' || !it->is_directory(typeError)) continue;
-        nodes.push_back({FolderDisplayName(name), name});
+        nodes.push_back({FolderDisplayName(name), name, {}});
     }
+    // Sorted by text, then by name on disk, so that the same directory leads at every fill.
     std::sort(nodes.begin(), nodes.end(), [](const FolderNode& a, const FolderNode& b) {
-        return Cp1252LowerCase(a.text) < Cp1252LowerCase(b.text);
+        const auto ka = Cp1252LowerCase(a.text), kb = Cp1252LowerCase(b.text);
+        return ka != kb ? ka < kb : a.directory < b.directory;
     });
-    return nodes;
+    std::vector<FolderNode> merged;
+    for (auto& node : nodes) {
+        if (!merged.empty() && SameFolder(merged.back().text, node.text))
+            merged.back().others.push_back(std::move(node.directory));
+        else
+            merged.push_back(std::move(node));
+    }
+    return merged;
 }
 
 int FolderNameProblem(const std::string& name) {
@@ -82,10 +91,18 @@ std::filesystem::path frmFolders::ArchiveRoot() const {
 }
 
 std::filesystem::path frmFolders::folderPath(const std::string& folder) const {
-    // The tree's text may differ in case from the directory: the directory's own name is used.
-    for (const auto& node : folders)
-        if (node.text == folder || node.directory == folder) return ArchiveRoot() / node.directory;
-    return ArchiveRoot() / folder;
+    return folderPaths(folder).front();
+}
+
+std::vector<std::filesystem::path> frmFolders::folderPaths(const std::string& folder) const {
+    // The tree's text may differ in case from the directory: the directories' own names are used.
+    for (const auto& node : folders) {
+        if (!SameFolder(node.text, folder)) continue;
+        std::vector<std::filesystem::path> paths{ArchiveRoot() / node.directory};
+        for (const auto& other : node.others) paths.push_back(ArchiveRoot() / other);
+        return paths;
+    }
+    return {ArchiveRoot() / folder};
 }
 
 void frmFolders::Form_Load() {
@@ -120,8 +137,13 @@ void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
     const auto from = folderPath(CurrentFolder);
     const auto to = ArchiveRoot() / newText;
     std::error_code ec;
-    // rename() would replace an empty folder of that name; an existing one is never touched.
-    if (std::filesystem::exists(to, ec) && !SameFolder(from.filename().string(), newText)) {
+    // rename() would replace an empty folder of that name; an existing one is never touched,
+    // nor one whose name differs only in case.
+    const bool taken = std::any_of(folders.begin(), folders.end(), [&](const FolderNode& node) {
+        return SameFolder(node.text, newText) && !SameFolder(node.text, CurrentFolder);
+    });
+    if (taken ||
+        (std::filesystem::exists(to, ec) && !SameFolder(from.filename().string(), newText))) {
         Report(std::strerror(EEXIST));
         return;
     }
@@ -131,7 +153,7 @@ void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
         return;
     }
     auto& node = folders[static_cast<std::size_t>(selectedNode - 2)];
-    node = {newText, newText};
+    node.text = node.directory = newText;
     // The list goes on showing the same folder under its new name.
     CurrentFolder = newText;
 }
@@ -139,8 +161,7 @@ void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
 const MessageSummary& frmFolders::Summary(int row) {
     auto& r = rows[static_cast<std::size_t>(row)];
     if (!r.summary) {
-        const auto text =
-            ReadFileStart(folderPath(CurrentFolder) / r.fileName, kMessageFileReadLimit);
+        const auto text = ReadFileStart(r.path(), kMessageFileReadLimit);
         r.summary =
             ReadMessageSummary(text.value_or(std::string()), r.fileName, main_.platform().formats);
     }
@@ -152,11 +173,13 @@ void frmFolders::ListCurrentFolder() {
     selectedRows.clear();
     txtMessage.clear();
     if (CurrentNodeIndex <= kRootNode) return;  // the root is no directory
-    std::error_code ec;
-    for (std::filesystem::directory_iterator it(folderPath(CurrentFolder), ec), end;
-         !ec && it != end; it.increment(ec)) {
-        std::string name = it->path().filename().string();
-        if (IsMessageFile(name)) rows.push_back({std::move(name), std::nullopt});
+    for (const auto& folder : folderPaths(CurrentFolder)) {
+        std::error_code ec;
+        for (std::filesystem::directory_iterator it(folder, ec), end; !ec && it != end;
+             it.increment(ec)) {
+            std::string name = it->path().filename().string();
+            if (IsMessageFile(name)) rows.push_back({std::move(name), std::nullopt, folder});
+        }
     }
     SortRows();
 }
@@ -202,7 +225,7 @@ void frmFolders::lstData_ColumnClick(int column) {
 }
 
 void frmFolders::ReadPreview(int row) {
-    OpenPath = (folderPath(CurrentFolder) / rows[static_cast<std::size_t>(row)].fileName).string();
+    OpenPath = rows[static_cast<std::size_t>(row)].path().string();
     txtMessage = ReadFileStart(OpenPath, kMessageFileReadLimit).value_or(std::string());
 }
 
@@ -227,11 +250,15 @@ void frmFolders::mnuCreate_Click() {
     const std::string name = askNewFolderName ? askNewFolderName() : std::string();
     if (name.empty()) return;
     std::error_code ec;
-    if (!std::filesystem::create_directory(ArchiveRoot() / name, ec)) {
+    // "new stuff" beside "New Stuff" would be the same folder twice.
+    const bool taken = std::any_of(folders.begin(), folders.end(), [&](const FolderNode& node) {
+        return SameFolder(node.text, name);
+    });
+    if (taken || !std::filesystem::create_directory(ArchiveRoot() / name, ec)) {
         Report(ec ? ec.message() : std::strerror(EEXIST));
         return;
     }
-    folders.push_back({name, name});
+    folders.push_back({name, name, {}});
     std::sort(folders.begin(), folders.end(), [](const FolderNode& a, const FolderNode& b) {
         return Cp1252LowerCase(a.text) < Cp1252LowerCase(b.text);
     });
@@ -246,7 +273,7 @@ void frmFolders::mnuDelete_Click() {
         main_.ShowMessageBox(main_.LoadResString(sid::PleaseChooseFolder), MbExclamation);
         return;
     }
-    Report(shell_.Delete({folderPath(CurrentFolder)}));
+    Report(shell_.Delete(folderPaths(CurrentFolder)));
     folders = FillFolderTree(ArchiveRoot());
     // Nothing acts on the folder that went: the root is chosen again.
     selectedNode = kRootNode;
@@ -257,8 +284,7 @@ void frmFolders::mnuDelete_Click() {
 
 std::vector<std::filesystem::path> frmFolders::selectedPaths() const {
     std::vector<std::filesystem::path> paths;
-    for (int row : selectedRows)
-        paths.push_back(folderPath(CurrentFolder) / rows[static_cast<std::size_t>(row)].fileName);
+    for (int row : selectedRows) paths.push_back(rows[static_cast<std::size_t>(row)].path());
     return paths;
 }
 

@@ -17,10 +17,13 @@ namespace parlane {
 
 class frmMain;
 
-// One folder of the tree: its text as shown and its directory's name on disk.
+// One folder of the tree: its text as shown and its directory's name on disk. Names that differ
+// only in case are one folder: `others` are its directories besides the first ("work" beside
+// "WORK"), listed with it and deleted with it.
 struct FolderNode {
     std::string text;
     std::string directory;
+    std::vector<std::string> others;
 };
 
 // The folders under the archive root, hidden ones left out, sorted by their shown text. A
@@ -52,6 +55,8 @@ class frmFolders {
     struct Row {
         std::string fileName;
         std::optional<MessageSummary> summary;
+        std::filesystem::path folder;  // the directory it is in
+        std::filesystem::path path() const { return folder / fileName; }
     };
     std::vector<Row> rows;
     std::vector<int> selectedRows;  // in list order
@@ -86,6 +91,8 @@ class frmFolders {
 
   private:
     std::filesystem::path folderPath(const std::string& folder) const;
+    // Every directory of the folder, its first directory leading.
+    std::vector<std::filesystem::path> folderPaths(const std::string& folder) const;
     std::vector<std::filesystem::path> selectedPaths() const;
     void MoveOrCopy(bool copy);
     void SortRows();

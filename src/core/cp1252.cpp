@@ -1,6 +1,8 @@
 #include "core/cp1252.h"
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
 
 namespace parlane {
 namespace {
@@ -46,42 +48,92 @@ std::string Cp1252ToUtf8(std::string_view bytes) {
     return out;
 }
 
-std::string Utf8ToCp1252(std::string_view utf8) {
-    std::string out;
-    out.reserve(utf8.size());
+namespace {
+
+// Calls `each` with every code point of `utf8` and its bytes; an invalid sequence (a stray or
+// missing continuation byte, an overlong form, a surrogate, past U+10FFFF) gives one
+// kInvalid for its first byte. Answers whether all of it was valid.
+constexpr char32_t kInvalid = 0xFFFFFFFF;
+template <typename Each>
+bool ForEachCodePoint(std::string_view utf8, Each each) {
+    bool allValid = true;
     std::size_t i = 0;
     while (i < utf8.size()) {
         const auto lead = static_cast<unsigned char>(utf8[i]);
-        int extra = lead < 0x80           ? 0
-                    : (lead >> 5) == 0x6  ? 1
-                    : (lead >> 4) == 0xE  ? 2
-                    : (lead >> 3) == 0x1E ? 3
-                                          : -1;
-        if (extra < 0 || i + static_cast<std::size_t>(extra) >= utf8.size()) {
-            out += '?';
-            ++i;
-            continue;
-        }
-        char32_t cp = extra == 0 ? lead : lead & (0x3F >> extra);
-        bool valid = true;
-        for (int k = 1; k <= extra; ++k) {
+        const int extra = lead < 0x80           ? 0
+                          : (lead >> 5) == 0x6  ? 1
+                          : (lead >> 4) == 0xE  ? 2
+                          : (lead >> 3) == 0x1E ? 3
+                                                : -1;
+        char32_t cp = extra <= 0 ? lead : lead & (0x3F >> extra);
+        bool valid = extra >= 0 && i + static_cast<std::size_t>(extra) < utf8.size();
+        for (int k = 1; valid && k <= extra; ++k) {
             const auto c = static_cast<unsigned char>(utf8[i + static_cast<std::size_t>(k)]);
-            if ((c & 0xC0) != 0x80) {
-                valid = false;
-                break;
-            }
+            valid = (c & 0xC0) == 0x80;
             cp = (cp << 6) | (c & 0x3F);
         }
+        constexpr char32_t kLeast[] = {0, 0x80, 0x800, 0x10000};
+        valid = valid && cp >= kLeast[extra] && cp <= 0x10FFFF && (cp < 0xD800 || cp > 0xDFFF);
         if (!valid) {
-            out += '?';
+            allValid = false;
+            each(kInvalid, utf8.substr(i, 1));
             ++i;
             continue;
         }
+        each(cp, utf8.substr(i, static_cast<std::size_t>(extra) + 1));
         i += static_cast<std::size_t>(extra) + 1;
-        const int b = ByteForCodePoint(cp);
-        out += b < 0 ? '?' : static_cast<char>(b);
     }
+    return allValid;
+}
+
+}  // namespace
+
+std::string Utf8ToCp1252(std::string_view utf8) {
+    std::string out;
+    out.reserve(utf8.size());
+    ForEachCodePoint(utf8, [&](char32_t cp, std::string_view) {
+        const int b = cp == kInvalid ? -1 : ByteForCodePoint(cp);
+        out += b < 0 ? '?' : static_cast<char>(b);
+    });
     return out;
+}
+
+FileText DecodeFileText(std::string_view bytes) {
+    FileText result;
+    const bool bom = bytes.substr(0, 3) == "\xEF\xBB\xBF";
+    if (bom) bytes.remove_prefix(3);
+    bool high = false;
+    for (unsigned char b : bytes) high = high || b >= 0x80;
+    const bool valid = ForEachCodePoint(bytes, [](char32_t, std::string_view) {});
+    result.utf8 = bom || (high && valid);
+    if (!result.utf8) {
+        result.text = std::string(bytes);
+        return result;
+    }
+    result.text.reserve(bytes.size());
+    ForEachCodePoint(bytes, [&](char32_t cp, std::string_view) {
+        const int b = cp == kInvalid ? -1 : ByteForCodePoint(cp);
+        if (b >= 0) {
+            result.text += static_cast<char>(b);
+            return;
+        }
+        result.text += '?';
+        if (cp != kInvalid &&
+            std::find(result.lost.begin(), result.lost.end(), cp) == result.lost.end())
+            result.lost.push_back(cp);
+    });
+    return result;
+}
+
+std::string CodePointNames(const std::vector<char32_t>& codePoints, std::size_t most) {
+    std::string names;
+    for (std::size_t i = 0; i < codePoints.size() && i < most; ++i) {
+        char name[16];
+        std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(codePoints[i]));
+        names += (i == 0 ? "" : ", ") + std::string(name);
+    }
+    if (codePoints.size() > most) names += ", ...";
+    return names;
 }
 
 }  // namespace parlane

@@ -470,6 +470,10 @@ constexpr std::array kBank1 = {
     BankString{sid::LogModemNotConfirmed,
                "Modem choice not confirmed: no one to ask, each centre keeps its line"},
     BankString{sid::SendingStopped, "Sending stopped: press Send again once there is room"},
+    BankString{sid::ButtonRetry, "&Retry"},
+    BankString{sid::FileCharactersNotKept, "The file holds characters that cannot be kept:"},
+    BankString{sid::EachBecomesQuestionMark, "Each of them would become \"?\". Go on?"},
+    BankString{sid::MoveToTrash, "Move to the trash:"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

@@ -486,5 +486,9 @@ inline constexpr int LogCentreMovedToItsPort = 1478;
 inline constexpr int LogModemNotConfirmed = 1479;
 // Our own: a run stopped because an outcome could not be recorded (block 1480-1489).
 inline constexpr int SendingStopped = 1480;
+inline constexpr int ButtonRetry = 1481;
+inline constexpr int FileCharactersNotKept = 1482;
+inline constexpr int EachBecomesQuestionMark = 1483;
+inline constexpr int MoveToTrash = 1484;
 
 }  // namespace parlane::sid

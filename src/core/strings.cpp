@@ -5,6 +5,7 @@
 #include <new>
 #include <system_error>
 
+#include "core/cp1252.h"
 #include "core/string_bank.h"
 #include "core/string_ids.h"
 
@@ -26,6 +27,11 @@ std::string Strings::ProductName() const {
 
 std::string FailureStatus(int errorNumber, const std::string& action) {
     return std::to_string(errorNumber) + " " + action + " " + std::strerror(errorNumber);
+}
+
+std::string LostCharactersQuestion(const Strings& strings, const std::vector<char32_t>& lost) {
+    return strings.LoadResString(sid::FileCharactersNotKept) + "\r\n" + CodePointNames(lost) +
+           "\r\n\r\n" + strings.LoadResString(sid::EachBecomesQuestionMark);
 }
 
 int ErrorNumberOf(const std::exception& e) {

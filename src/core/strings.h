@@ -5,6 +5,7 @@
 #include <exception>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace parlane {
 
@@ -29,6 +30,10 @@ class Strings {
 // A failure on the status line: the error's number, the action's name and the system's
 // description of the error, blank-separated.
 std::string FailureStatus(int errorNumber, const std::string& action);
+
+// The question before a file's text is stored with "?" for the characters the code page cannot
+// hold, naming them (see DecodeFileText).
+std::string LostCharactersQuestion(const Strings& strings, const std::vector<char32_t>& lost);
 
 // The error number a caught exception stands for: a system error's own, ENOMEM for a failed
 // allocation, EIO for anything else.

@@ -1,6 +1,7 @@
 // The wizard's pages, its opening and the choice of the file to import.
 #include "exchange/frm_import.h"
 
+#include "core/cp1252.h"
 #include "core/file_io.h"
 #include "core/string_ids.h"
 #include "core/strings.h"
@@ -146,7 +147,14 @@ void frmImport::cmdOpen_Click() {
         ShowOpenPage();
         return;
     }
-    lines = SplitFileLines(*bytes);
+    // A UTF-8 file is read as such; what the code page cannot hold is asked about first.
+    const auto decoded = DecodeFileText(*bytes);
+    if (!decoded.lost.empty() &&
+        Box(LostCharactersQuestion(strings_, decoded.lost), MbQuestionYesNo) != AnswerYes) {
+        ShowOpenPage();
+        return;
+    }
+    lines = SplitFileLines(decoded.text);
     ShowReadyPage();
 }
 

@@ -34,10 +34,15 @@ void TableCopyWindow::cmdBrowse_Click() {
 }
 
 bool TableCopyWindow::FolderReachable() {
-    std::error_code ec;
-    if (!Dir1.empty() && std::filesystem::is_directory(Dir1, ec)) return true;
-    Box(PathText(Dir1) + " " + Load(sid::IsNotAccessible) + "\r\n\r\n" + Load(sid::DeviceNotReady),
-        MbCritical);
+    // Retry looks again (a medium put in, a share mounted); Cancel goes back to the start.
+    for (;;) {
+        std::error_code ec;
+        if (!Dir1.empty() && std::filesystem::is_directory(Dir1, ec)) return true;
+        if (Box(PathText(Dir1) + " " + Load(sid::IsNotAccessible) + "\r\n\r\n" +
+                    Load(sid::DeviceNotReady),
+                MbRetryCancelCritical) != AnswerRetry)
+            break;
+    }
     Dir1 = startFolder_;
     return false;
 }

@@ -84,45 +84,59 @@ std::vector<std::string> NumberLines(const std::vector<std::string>& remembered,
 DeviceList::DeviceList(EventLoop& loop, SimulatedModem& simulated, const std::string& portsSetting,
                        const std::string& linesSetting, const AtModemOptions& modemDefaults,
                        std::vector<SerialPortEntry> detected)
-    : simulated_(simulated),
+    : loop_(loop),
+      simulated_(simulated),
       tcp_(loop),
       portsSetting_(portsSetting),
       detected_(std::move(detected)),
+      modemDefaults_(modemDefaults),
       location_(modemDefaults.location) {
+    takeInPorts(linesSetting.empty() ? std::vector<std::string>()
+                                     : SplitLinesSetting(linesSetting));
+    applyLocation();
+}
+
+std::vector<std::uint32_t> DeviceList::takeInPorts(const std::vector<std::string>& remembered) {
     std::set<std::string> listed;
     std::vector<SerialPortEntry> ports;
-    for (const auto& path : SplitPortsSetting(portsSetting))
+    for (const auto& path : SplitPortsSetting(portsSetting_))
         if (listed.insert(Canonical(path)).second) ports.push_back({path, path});
     // A detected port that the settings already name is not listed twice.
     for (const auto& port : detected_)
         if (listed.insert(Canonical(port.path)).second) ports.push_back(port);
     std::vector<std::string> present;
     for (const auto& port : ports) present.push_back(port.path);
-    std::vector<std::string> remembered;
-    if (!linesSetting.empty()) remembered = SplitLinesSetting(linesSetting);
 
-    for (const auto& key : NumberLines(remembered, present)) {
+    const auto keys = NumberLines(remembered, present);
+    devices_.resize(std::max(devices_.size(), keys.size()));
+    std::vector<std::uint32_t> made;
+    for (std::size_t number = 0; number < keys.size(); ++number) {
+        auto& device = devices_[number];
+        // A line in the list stays as it is: its call may be up.
+        if (device.provider) continue;
+        const auto& key = keys[number];
+        device.key = key;
         if (key == SimulatedModem::kLineKey) {
-            devices_.push_back({&simulated, &simulated, nullptr, key});
-            continue;
+            device.provider = &simulated_;
+            device.link = &simulated_;
+        } else if (key == TcpLine::kLineKey) {
+            device.provider = &tcp_;
+            device.link = &tcp_;
+        } else {
+            const auto port = std::find_if(ports.begin(), ports.end(),
+                                           [&](const SerialPortEntry& p) { return p.path == key; });
+            if (port == ports.end()) continue;  // a gap until the line comes back
+            AtModemOptions options = modemDefaults_;
+            options.devicePath = port->path;
+            options.lineName = port->name;
+            options.location = location_;
+            device.owned = std::make_unique<AtModem>(loop_, options);
+            device.provider = device.owned.get();
+            device.link = &device.owned->serialLink();
         }
-        if (key == TcpLine::kLineKey) {
-            devices_.push_back({&tcp_, &tcp_, nullptr, key});
-            continue;
-        }
-        const auto port = std::find_if(ports.begin(), ports.end(),
-                                       [&](const SerialPortEntry& p) { return p.path == key; });
-        if (port == ports.end()) {
-            devices_.push_back({nullptr, nullptr, nullptr, key});
-            continue;
-        }
-        AtModemOptions options = modemDefaults;
-        options.devicePath = port->path;
-        options.lineName = port->name;
-        auto modem = std::make_unique<AtModem>(loop, options);
-        devices_.push_back({modem.get(), &modem->serialLink(), std::move(modem), key});
+        made.push_back(static_cast<std::uint32_t>(number));
     }
-    applyLocation();
+    return made;
 }
 
 void DeviceList::applyLocation() {
@@ -155,6 +169,8 @@ DeviceList::Device* DeviceList::active() {
 
 std::int32_t DeviceList::lineInitialize(LineCallbackFunction callback, const std::string& appName,
                                         std::uint32_t& deviceCount) {
+    callback_ = callback;
+    appName_ = appName;
     for (auto& d : devices_) {
         std::uint32_t ignored = 0;
         if (d.provider) d.provider->lineInitialize(callback, appName, ignored);
@@ -275,6 +291,23 @@ std::int32_t DeviceList::lineConfigProvider(std::uintptr_t, std::uint32_t) {
         return LINEERR_OPERATIONFAILED;
     portsSetting_ = form.txtPorts.Text;
     if (settings_) settings_->Save(key::ModemPorts, portsSetting_);
+    // A port added here is a new line at once; one taken out stays until the next start.
+    std::vector<std::string> keys;
+    for (const auto& d : devices_) keys.push_back(d.key);
+    for (const auto number : takeInPorts(keys)) {
+        auto& device = devices_[number];
+        if (device.owned) device.owned->setDeviceDialogs(dialogs_, settings_);
+        if (!callback_) continue;
+        std::uint32_t ignored = 0;
+        device.provider->lineInitialize(callback_, appName_, ignored);
+        callback_(0, LINE_CREATE, 0, number, 0, 0);
+    }
+    if (settings_) {
+        std::string lines = devices_.front().key;
+        for (std::size_t number = 1; number < devices_.size(); ++number)
+            lines += ";" + devices_[number].key;
+        settings_->Save(key::ModemLines, lines);
+    }
     return 0;
 }
 

@@ -15,8 +15,9 @@
 // closes the line left open on the previous one.
 //
 // The list also holds what belongs to all its devices: the dialling location (lineTranslateDialog
-// changes it for every modem at once) and the ports setting (lineConfigProvider). The devices are
-// built once, so a changed ports setting makes its devices at the program's next start.
+// changes it for every modem at once) and the ports setting (lineConfigProvider). A port added to
+// the setting becomes a device at once, told with LINE_CREATE; one taken out stays a device
+// until the next start, since its line may be in use.
 
 #include <memory>
 #include <string>
@@ -88,7 +89,7 @@ class DeviceList : public TapiProvider, public SerialLink {
     // One location for all devices: the AT modems dial by it, the simulated one takes its
     // country code.
     std::int32_t lineTranslateDialog(std::uint32_t device, std::uintptr_t owner) override;
-    // Edits Modem/Ports; the devices follow at the next start.
+    // Edits Modem/Ports; new ports become devices at once (and Modem/Lines remembers them).
     std::int32_t lineConfigProvider(std::uintptr_t owner, std::uint32_t providerId) override;
 
     bool OpenCommunicationsPort(std::intptr_t handle,
@@ -108,12 +109,20 @@ class DeviceList : public TapiProvider, public SerialLink {
     Device* active();
 
     void applyLocation();
+    // Makes the devices of the ports setting and the detected ports that have none yet,
+    // numbered after `remembered`; answers the numbers made.
+    std::vector<std::uint32_t> takeInPorts(const std::vector<std::string>& remembered);
 
+    EventLoop& loop_;
     SimulatedModem& simulated_;
     TcpLine tcp_;
     std::string portsSetting_;
     std::vector<SerialPortEntry> detected_;
+    AtModemOptions modemDefaults_;
     DiallingLocation location_;
+    // What lineInitialize was given, for the devices that come later.
+    LineCallbackFunction callback_;
+    std::string appName_;
     DeviceDialogs* dialogs_ = nullptr;
     Settings* settings_ = nullptr;
     std::vector<Device> devices_;

@@ -1,5 +1,6 @@
 #include "line/tapi_subs.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "line/tapi_text.h"
@@ -205,6 +206,10 @@ void TAPISubs::LineCallback(std::uint32_t hDevice, std::uint32_t dwMessage,
         if (dwParam1 == LINECALLSTATE_OFFERING && !callPlaced_) callHandle_ = hDevice;
         if (dwParam1 == LINECALLSTATE_IDLE) idleSeen_ = true;
         if (setLblEvent) setLblEvent(std::to_string(dwParam1));
+    } else if (dwMessage == LINE_CREATE) {
+        // A line added while the program runs is listed from the next fill on.
+        lineDeviceCount_ = std::max(lineDeviceCount_, dwParam1 + 1);
+        log("Line #" + std::to_string(dwParam1) + " - " + TapiMessageText(dwMessage, *strings));
     } else if (dwMessage == LINE_REPLY) {
         log("LineReply " + TapiMessageText(dwMessage, *strings) +
             " ReqID: " + std::to_string(dwParam1));

@@ -140,14 +140,14 @@ constexpr std::array<const char*, 35> kPhoneErrors = {"ALLOCATED",
                                                       "UNINITIALIZED",
                                                       "REINIT"};
 
-constexpr std::array<const char*, 19> kMessages = {
+constexpr std::array<const char*, 20> kMessages = {
     "LINE_ADDRESSSTATE",  "LINE_CALLINFO",     "LINE_CALLSTATE",
     "LINE_CLOSE",         "LINE_DEVSPECIFIC",  "LINE_DEVSPECIFICFEATURE",
     "LINE_GATHERDIGITS",  "LINE_GENERATE",     "LINE_LINEDEVSTATE",
     "LINE_MONITORDIGITS", "LINE_MONITORMEDIA", "LINE_MONITORTONE",
     "LINE_REPLY",         "LINE_REQUEST",      "PHONE_BUTTON",
     "PHONE_CLOSE",        "PHONE_DEVSPECIFIC", "PHONE_REPLY",
-    "PHONE_STATE"};
+    "PHONE_STATE",        "LINE_CREATE"};
 
 constexpr std::array<const char*, 16> kCallStates = {
     "IDLE",           "OFFERING",           "ACCEPTED",     "DIALTONE",   "DIALING", "RINGBACK",

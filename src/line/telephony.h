@@ -30,7 +30,12 @@ enum LineDisconnectMode : std::uint32_t {
     LINEDISCONNECTMODE_UNREACHABLE = 256,
     LINEDISCONNECTMODE_INCOMPATIBLE = 1024,
 };
-enum LineMessage : std::uint32_t { LINE_CALLSTATE = 2, LINE_CLOSE = 3, LINE_REPLY = 12 };
+enum LineMessage : std::uint32_t {
+    LINE_CALLSTATE = 2,
+    LINE_CLOSE = 3,
+    LINE_REPLY = 12,
+    LINE_CREATE = 19  // a device was added; dwParam1 is its number
+};
 inline constexpr std::uint32_t LINEMEDIAMODE_DATAMODEM = 16;
 inline constexpr std::uint32_t STRINGFORMAT_ASCII = 1;
 inline constexpr std::int32_t LINEERR_ALLOCATED = static_cast<std::int32_t>(0x80000001);

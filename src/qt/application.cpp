@@ -40,18 +40,27 @@ namespace parlane {
 namespace {
 
 constexpr const char* kUsage =
-    "usage: parlane [--home DIR] [--demo] [--print-status]\n"
-    "  --home DIR      keep tables, archive and settings in DIR\n"
-    "  --demo          send one message through the simulated modem and end\n"
-    "  --print-status  print each status line on standard error\n"
-    "  --screenshot F  save a picture of the main window as F (PNG) and end\n"
+    "usage: parlane [OPTION]... [--] [NAME [MESSAGE...]]\n"
+    "Sends short messages through a modem to the message centres of mobile networks.\n"
+    "With NAME, queues MESSAGE (NAME itself when there is none) for that directory entry,\n"
+    "sends, and ends after the call.\n"
+    "\n"
+    "  --home DIR        keep tables, archive and settings in DIR\n"
+    "  --demo            send one message through the simulated modem and end\n"
+    "  --print-status    print each status line on standard error\n"
+    "  --screenshot FILE save a picture of the main window as FILE (PNG) and end\n"
     "  --send-and-exit NAME MESSAGE\n"
-    "                  queue MESSAGE for NAME, send, and end when the run is over; the exit\n"
-    "                  status is 0 when it was sent, 3 NAME not in the directory, 4 no centre,\n"
-    "                  5 the line failed, 6 refused by the centre, 7 not finished (left in the\n"
-    "                  queue), 8 another copy uses the home, 9 its centre has no line here\n"
-    "                  (left in the queue), 10 sent through the simulated modem only (nothing\n"
-    "                  left the machine), 2 not queued for another reason\n";
+    "                    queue MESSAGE for NAME, send, and end when the run is over; the exit\n"
+    "                    status is 0 when it was sent, 3 NAME not in the directory, 4 no centre,\n"
+    "                    5 the line failed, 6 refused by the centre, 7 not finished (left in\n"
+    "                    the queue), 8 another copy uses the home, 9 its centre has no line\n"
+    "                    here (left in the queue), 10 sent through the simulated modem only\n"
+    "                    (nothing left the machine), 2 not queued for another reason\n"
+    "  --                the options end; a NAME may begin with \"-\" after it\n"
+    "  -h, --help        print this help and end\n"
+    "  -V, --version     print the version and end\n"
+    "\n"
+    "Exit status 1: a mistake on the command line.\n";
 
 std::set<std::string> OutboxFiles(const std::filesystem::path& home) {
     std::set<std::string> names;
@@ -71,10 +80,13 @@ void WriteDemoCentre(const std::filesystem::path& home) {
 
 ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
     ProgramOptions options;
+    bool optionsEnded = false;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string& a = arguments[i];
-        if (!options.rest.empty()) {
+        if (!options.rest.empty() || optionsEnded) {
             options.rest.push_back(a);
+        } else if (a == "--") {
+            optionsEnded = true;
         } else if (a == "--home") {
             if (i + 1 >= arguments.size()) {
                 options.error = "--home needs a folder";
@@ -100,7 +112,11 @@ ProgramOptions ParseProgramOptions(const std::vector<std::string>& arguments) {
         } else if (a == "--help" || a == "-h") {
             options.error = "help";
             return options;
-        } else if (a.rfind("--", 0) == 0) {
+        } else if (a == "--version" || a == "-V") {
+            options.error = "version";
+            return options;
+        } else if (a.size() > 1 && a[0] == '-') {
+            // Never taken as a name: "-v" would wait for a directory entry for ever.
             options.error = "unknown option " + a;
             return options;
         } else {
@@ -117,10 +133,18 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options);
 int RunProgram(int argc, char** argv) {
     std::vector<std::string> arguments(argv + 1, argv + argc);
     const ProgramOptions options = ParseProgramOptions(arguments);
+    if (options.error == "help" || options.error == "version") {
+        if (options.error == "help")
+            std::fputs(kUsage, stdout);
+        else
+            std::printf("parlane %d.%d.%d\n", PARLANE_VERSION_MAJOR, PARLANE_VERSION_MINOR,
+                        PARLANE_VERSION_PATCH);
+        return 0;
+    }
     if (!options.error.empty()) {
-        if (options.error != "help") std::fprintf(stderr, "parlane: %s\n", options.error.c_str());
+        std::fprintf(stderr, "parlane: %s\n", options.error.c_str());
         std::fputs(kUsage, stderr);
-        return options.error == "help" ? 0 : 1;
+        return kExitUsage;
     }
     // With no display the program still runs, on Qt's offscreen platform.
     if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY") &&

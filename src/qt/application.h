@@ -15,6 +15,7 @@ struct ProgramOptions {
     bool sendAndExit = false;  // queue the name's message, send, end with a status that says how
     std::string screenshot;    // save a picture of the main window there, then end
     std::vector<std::string> rest;  // name and message, for the command-line start
+    // "help" and "version" are answered on standard output; anything else is a usage error.
     std::string error;
 };
 

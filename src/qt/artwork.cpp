@@ -82,16 +82,24 @@ QPixmap ParlanePixmap(const char* name, int size) {
     return ParlaneIcon(name).pixmap(size, size);
 }
 
-QUrl ManualUrl() {
+QUrl ManualUrl(int languageOffset) {
     RegisterParlaneResources();
+    // The translations sit beside the catalogues as manual.<language>.html.
+    const char* language = languageOffset == 2000   ? "it"
+                           : languageOffset == 3000 ? "de"
+                           : languageOffset == 4000 ? "fr"
+                                                    : nullptr;
+    QString page = QStringLiteral("index.html");
+    if (language && QFile::exists(QStringLiteral(":/parlane/manual/index.%1.html").arg(language)))
+        page = QStringLiteral("index.%1.html").arg(language);
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
     if (!cache.isEmpty()) {
         // The same tree as in the resources, so the manual's "../icons/" works in both.
         if (CopyTree(QStringLiteral(":/parlane/manual"), cache + QStringLiteral("/manual")) &&
             CopyTree(QStringLiteral(":/parlane/icons"), cache + QStringLiteral("/icons")))
-            return QUrl::fromLocalFile(cache + QStringLiteral("/manual/index.html"));
+            return QUrl::fromLocalFile(cache + QStringLiteral("/manual/") + page);
     }
-    return QUrl(QStringLiteral("qrc:/parlane/manual/index.html"));
+    return QUrl(QStringLiteral("qrc:/parlane/manual/") + page);
 }
 
 }  // namespace parlane

@@ -46,8 +46,9 @@ QPixmap ParlanePixmap(const char* name, int size);
 // True when ParlaneIcon(name) comes from our own drawings.
 bool IsOwnArtwork(const char* name);
 
-// The manual as a local file, copied from the resources into the cache folder when missing or
-// out of date, so that a browser can open it; the qrc: address when that copy fails.
-QUrl ManualUrl();
+// The manual in the language of `languageOffset` (English where it has none) as a local file,
+// copied from the resources into the cache folder when missing or out of date, so that a
+// browser can open it; the qrc: address when that copy fails.
+QUrl ManualUrl(int languageOffset);
 
 }  // namespace parlane

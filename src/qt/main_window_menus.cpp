@@ -8,13 +8,19 @@
 namespace parlane {
 namespace {
 
-// Keys of the commands a user reaches for most; the mnemonics come with the captions.
-QKeySequence ShortcutFor(const QString& name) {
-    static const QMap<QString, QKeySequence> keys = {
-        {"mnuQueue", QKeySequence("Ctrl+Q")},        {"mnuSend", QKeySequence("F5")},
-        {"mnuSendSingle", QKeySequence("Shift+F5")}, {"mnuHangUp", QKeySequence("Esc")},
-        {"mnuInsert", QKeySequence("Ctrl+I")},       {"mnuNew", QKeySequence("Ctrl+N")},
-        {"mnuEditPhone", QKeySequence("Ctrl+E")},    {"mnuContents", QKeySequence("F1")},
+// Keys of the commands a user reaches for most; the mnemonics come with the captions. Quit and
+// Help are the desktop's own keys; Queue takes Ctrl+Return, as a message is sent in a chat.
+QList<QKeySequence> ShortcutsFor(const QString& name) {
+    static const QMap<QString, QList<QKeySequence>> keys = {
+        {"mnuQueue", {QKeySequence("Ctrl+Return"), QKeySequence("Ctrl+Enter")}},
+        {"mnuSend", {QKeySequence("F5")}},
+        {"mnuSendSingle", {QKeySequence("Shift+F5")}},
+        {"mnuHangUp", {QKeySequence("Esc")}},
+        {"mnuInsert", {QKeySequence("Ctrl+I")}},
+        {"mnuNew", {QKeySequence("Ctrl+N")}},
+        {"mnuEditPhone", {QKeySequence("Ctrl+E")}},
+        {"mnuContents", QKeySequence::keyBindings(QKeySequence::HelpContents)},
+        {"mnuExit", QKeySequence::keyBindings(QKeySequence::Quit)},
     };
     return keys.value(name);
 }
@@ -42,7 +48,7 @@ void MainWindow::buildMenus() {
         }
         auto* act = new QAction(text, this);
         act->setObjectName(name);
-        act->setShortcut(ShortcutFor(name));
+        act->setShortcuts(ShortcutsFor(name));
         act->setShortcutContext(Qt::WindowShortcut);
         if (parent)
             parent->addAction(act);

@@ -207,7 +207,8 @@ void MainWindow::wireHooks() {
         error = form_.LoadResString(sid::NoProgramOpens) + " " + FromQt(url.toString());
         return false;
     };
-    form_.HelpFile = FromQt(ManualUrl().toString());
+    // Chosen at start, in the language in use then.
+    form_.HelpFile = FromQt(ManualUrl(form_.globals().strings.LanguageOffset).toString());
     fileChooser_.setOwner(this);
     form_.openFileChooser = &fileChooser_;
 }

@@ -13,17 +13,19 @@ namespace parlane {
 
 int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::string& title) {
     const bool question = flags == MbQuestionYesNo;
+    const bool retry = flags == MbRetryCancelCritical;
+    // With nobody to answer, the safe button: No, Cancel.
     if (QGuiApplication::platformName() == "offscreen") {
         std::fprintf(stderr, "%s: %s\n", Cp1252ToUtf8(title).c_str(), Cp1252ToUtf8(prompt).c_str());
-        return question ? AnswerNo : AnswerOk;
+        return question ? AnswerNo : retry ? AnswerCancel : AnswerOk;
     }
     QMessageBox box(owner_);
     box.setWindowTitle(ToQt(title));
     box.setText(ToQt(prompt));
-    box.setIcon(flags == MbCritical      ? QMessageBox::Critical
-                : question               ? QMessageBox::Question
-                : flags == MbExclamation ? QMessageBox::Warning
-                                         : QMessageBox::Information);
+    box.setIcon(flags == MbCritical || retry ? QMessageBox::Critical
+                : question                   ? QMessageBox::Question
+                : flags == MbExclamation     ? QMessageBox::Warning
+                                             : QMessageBox::Information);
     if (question) {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         if (strings_) {
@@ -31,6 +33,17 @@ int QtDialogueHost::messageBox(const std::string& prompt, int flags, const std::
             box.button(QMessageBox::No)->setText(ToQt(strings_->LoadResString(sid::ButtonNo)));
         }
         return box.exec() == QMessageBox::Yes ? AnswerYes : AnswerNo;
+    }
+    if (retry) {
+        box.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Retry);
+        if (strings_) {
+            box.button(QMessageBox::Retry)
+                ->setText(ToQt(strings_->LoadResString(sid::ButtonRetry)));
+            box.button(QMessageBox::Cancel)
+                ->setText(ToQt(strings_->LoadResString(sid::ButtonCancel)));
+        }
+        return box.exec() == QMessageBox::Retry ? AnswerRetry : AnswerCancel;
     }
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();

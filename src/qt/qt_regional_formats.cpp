@@ -14,29 +14,43 @@ QDateTime Local(WallClockMs when) {
     return QDateTime::fromMSecsSinceEpoch(when, QTimeZone::utc());
 }
 
+// A locale whose names or digits the code page cannot hold (Russian months, Arabic digits) would
+// leave "?" in the archive: the ISO 8601 form is written instead, which every reader knows.
+std::string InCodePage(const QString& text, const QString& iso) {
+    const std::string bytes = FromQt(text);
+    return ToQt(bytes) == text ? bytes : FromQt(iso);
+}
+
 }  // namespace
 
 std::string QtRegionalFormats::longDate(WallClockMs when) const {
-    return FromQt(QLocale::system().toString(Local(when).date(), QLocale::LongFormat));
+    const QDate date = Local(when).date();
+    return InCodePage(locale_.toString(date, QLocale::LongFormat), date.toString(Qt::ISODate));
 }
 
 std::string QtRegionalFormats::longTime(WallClockMs when) const {
     // The zone of a long time format would read "UTC" here, so it is left out.
-    QString format = QLocale::system().timeFormat(QLocale::LongFormat);
+    QString format = locale_.timeFormat(QLocale::LongFormat);
     format.remove('t');
-    return FromQt(QLocale::system().toString(Local(when).time(), format.trimmed()));
+    const QTime time = Local(when).time();
+    return InCodePage(locale_.toString(time, format.trimmed()),
+                      time.toString(QStringLiteral("HH:mm:ss")));
 }
 
 std::string QtRegionalFormats::shortDate(WallClockMs when) const {
-    return FromQt(QLocale::system().toString(Local(when).date(), QLocale::ShortFormat));
+    const QDate date = Local(when).date();
+    return InCodePage(locale_.toString(date, QLocale::ShortFormat), date.toString(Qt::ISODate));
 }
 
 std::string QtRegionalFormats::shortTime(WallClockMs when) const {
-    return FromQt(QLocale::system().toString(Local(when).time(), QLocale::ShortFormat));
+    const QTime time = Local(when).time();
+    return InCodePage(locale_.toString(time, QLocale::ShortFormat),
+                      time.toString(QStringLiteral("HH:mm")));
 }
 
 std::optional<WallClockMs> QtRegionalFormats::parseLongDate(const std::string& text) const {
-    const QDate date = QLocale::system().toDate(ToQt(text), QLocale::LongFormat);
+    QDate date = locale_.toDate(ToQt(text), QLocale::LongFormat);
+    if (!date.isValid()) date = QDate::fromString(ToQt(text), Qt::ISODate);
     if (!date.isValid()) return std::nullopt;
     return QDateTime(date, QTime(0, 0), QTimeZone::utc()).toMSecsSinceEpoch();
 }

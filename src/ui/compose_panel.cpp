@@ -133,7 +133,13 @@ void frmMain::mnuInsert_Click() {
         // Read whole before anything is appended: a file that cannot be read changes nothing.
         const auto bytes = ReadWholeFile(*file);
         if (!bytes) return;
-        for (const char c : *bytes) {
+        // A UTF-8 file is read as such; what the code page cannot hold is asked about first.
+        const auto decoded = DecodeFileText(*bytes);
+        if (!decoded.lost.empty() &&
+            ShowMessageBox(LostCharactersQuestion(globals_.strings, decoded.lost),
+                           MbQuestionYesNo) != AnswerYes)
+            return;
+        for (const char c : decoded.text) {
             // Line ends and tabs vanish; a blank stays.
             if (static_cast<unsigned char>(c) > 31) {
                 txtMessage.Text += c;

@@ -243,6 +243,44 @@ TEST(FolderBrowser, OddFilesAndAFolderThatVanished) {
     EXPECT_TRUE(shell.deleted.empty());
 }
 
+// Names that differ only in case are one folder: one node lists both directories, a move goes
+// into the first, and a new or renamed folder may not take such a name again.
+TEST(FolderBrowser, NamesDifferingOnlyInCaseAreOneFolder) {
+    TestPlatform p;
+    auto& f = p.load();
+    const auto root = p.home / "SMS";
+    for (const char* folder : {"WORK", "work", "New Stuff"})
+        std::filesystem::create_directories(root / folder);
+    WriteFileAtomically(root / "WORK" / "261101 090000.msg", "Sent To: \tAnn\r\n");
+    WriteFileAtomically(root / "work" / "261102 090000.msg", "Sent To: \tBob\r\n");
+    WriteFileAtomically(root / "Outbox" / "261103 090000.msg", "Sent To: \tCy\r\n");
+    RecordingShell shell;
+    frmFolders browser(f, shell);
+    browser.Form_Load();
+    std::vector<std::string> texts;
+    for (const auto& node : browser.folders) texts.push_back(node.text);
+    EXPECT_EQ(texts, (std::vector<std::string>{"New stuff", "Outbox", "Work"}));
+    browser.tvwView_NodeClick(4);
+    EXPECT_EQ(browser.rows.size(), 2u);
+
+    browser.tvwView_NodeClick(3);
+    browser.selectedRows = {0};
+    browser.chooseTargetFolder = [](bool) -> std::optional<std::string> { return "Work"; };
+    browser.mnuMoveTo_Click();
+    EXPECT_TRUE(std::filesystem::exists(root / "WORK" / "261103 090000.msg"));
+
+    browser.askNewFolderName = [] { return std::string("new stuff"); };
+    browser.mnuCreate_Click();
+    browser.tvwView_NodeClick(4);
+    browser.tvwView_AfterLabelEdit("outbox");
+    EXPECT_EQ(browser.folders.size(), 3u);
+    EXPECT_FALSE(std::filesystem::exists(root / "new stuff") ||
+                 std::filesystem::exists(root / "outbox"));
+
+    browser.mnuDelete_Click();
+    EXPECT_EQ(shell.deleted, (std::vector<std::filesystem::path>{root / "WORK", root / "work"}));
+}
+
 TEST(FolderBrowser, NewFolderAndTargetChecks) {
     TestPlatform p;
     auto& f = p.load();

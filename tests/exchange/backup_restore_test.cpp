@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "core/strings.h"
 #include "exchange/frm_backup.h"
 #include "exchange/frm_restore.h"
@@ -32,18 +34,28 @@ void FillHome(const fs::path& home) {
     WriteBytes(home / "Data" / "notes.txt", "not a table");
 }
 
+// Records each box; `answer` says which button is pressed (OK when unset).
+struct AnsweredDialogues : RecordingDialogues {
+    int messageBox(const std::string& prompt, int flags, const std::string& title) override {
+        RecordingDialogues::messageBox(prompt, flags, title);
+        return answer ? answer() : AnswerOk;
+    }
+    std::function<int()> answer;
+};
+
 // Picks `folder` and presses OK.
 template <typename Window>
 struct CopyRun {
-    CopyRun(const fs::path& home, const fs::path& folder)
+    CopyRun(const fs::path& home, const fs::path& folder, std::function<int()> answer = {})
         : window(home, "/", strings, dialogues, chooser) {
+        dialogues.answer = std::move(answer);
         window.Form_Load();
         chooser.folder = folder;
         window.cmdBrowse_Click();
         window.cmdOK_Click();
     }
     Strings strings;
-    RecordingDialogues dialogues;
+    AnsweredDialogues dialogues;
     PickedFolder chooser;
     Window window;
 };
@@ -88,7 +100,6 @@ TEST(BackupRestore, RestoreTellsWhatIsMissingAndNeverCopiesOverATable) {
     TempFolder home, backup;
     FillHome(home.path());
     WriteBytes(backup.path() / "queue.dat", "other queue");
-    WriteBytes(backup.path() / "SMSC.DAT", Names({"x"}));
     WriteBytes(backup.path() / "Friends.DAT", Names({"Cy"}));
     WriteBytes(backup.path() / "phones.bak", "old");
     CopyRun<frmRestore> run(home.path(), backup.path());
@@ -101,7 +112,7 @@ TEST(BackupRestore, RestoreTellsWhatIsMissingAndNeverCopiesOverATable) {
     EXPECT_EQ(ReadBytes(home.path() / "smsc.dat"), kCentres);
     EXPECT_EQ(ReadBytes(home.path() / "queue.dat"), "queue");
     EXPECT_EQ(ReadBytes(home.path() / "Data/Friends.DAT"), Names({"Cy"}));
-    for (const char* absent : {"Data/queue.dat", "Data/SMSC.DAT", "phones.bak", "Data/phones.bak"})
+    for (const char* absent : {"Data/queue.dat", "phones.bak", "Data/phones.bak"})
         EXPECT_FALSE(fs::exists(home.path() / absent)) << absent;
 }
 
@@ -130,15 +141,44 @@ TEST(BackupRestore, DamagedTableReplacesNothing) {
     }
 }
 
-TEST(BackupRestore, UnreachableFolderCopiesNothing) {
+// A backup made where names are upper case restores whole: the tables, the group list, and each
+// member file under its group's name as listed.
+TEST(BackupRestore, UpperCaseNamesRestoreAsTheTablesAndGroupsTheyAre) {
+    TempFolder home, backup;
+    WriteBytes(backup.path() / "SMSC.DAT", kCentres);
+    WriteBytes(backup.path() / "PHONES.DAT", kPhones);
+    WriteBytes(backup.path() / "GROUP.DAT", Names({"Team", "Staff"}));
+    WriteBytes(backup.path() / "TEAM.DAT", Names({"Ann"}));
+    WriteBytes(backup.path() / "staff.Dat", Names({"Bob"}));
+    CopyRun<frmRestore> run(home.path(), backup.path());
+    EXPECT_EQ(run.dialogues.boxes,
+              (std::vector<std::string>{"64 Data Restoration Completed. Please Restart Parlane"}));
+    EXPECT_EQ(FileNames(home.path()),
+              (std::vector<std::string>{"Data/Staff.dat", "Data/Team.dat", "Data/group.dat",
+                                        "phones.dat", "smsc.dat"}));
+    EXPECT_EQ(ReadBytes(home.path() / "Data/Team.dat"), Names({"Ann"}));
+}
+
+// An unreachable folder asks Retry or Cancel: Retry looks again, Cancel copies nothing.
+TEST(BackupRestore, UnreachableFolderAsksRetryOrCancel) {
     TempFolder home;
     FillHome(home.path());
-    CopyRun<frmBackup> run(home.path(), home.path() / "gone");
-    EXPECT_EQ(run.dialogues.boxes,
-              (std::vector<std::string>{"16 " + (home.path() / "gone").string() +
-                                        " is not accessible.\r\n\r\nThe device is not ready."}));
-    EXPECT_TRUE(run.window.Dir1 == "/" && !run.window.closed);
+    const auto gone = home.path() / "gone";
+    const std::string box =
+        "21 " + gone.string() + " is not accessible.\r\n\r\nThe device is not ready.";
+    CopyRun<frmBackup> cancelled(home.path(), gone, [] { return AnswerCancel; });
+    EXPECT_EQ(cancelled.dialogues.boxes, std::vector<std::string>{box});
+    EXPECT_TRUE(cancelled.window.Dir1 == "/" && !cancelled.window.closed);
     EXPECT_EQ(FileNames(home.path()).size(), 8u);
+
+    // The medium is put in before Retry.
+    CopyRun<frmBackup> retried(home.path(), gone, [&] {
+        fs::create_directory(gone);
+        return AnswerRetry;
+    });
+    EXPECT_EQ(retried.dialogues.boxes.front(), box);
+    EXPECT_TRUE(retried.window.closed);
+    EXPECT_TRUE(fs::exists(gone / "smsc.dat"));
 }
 
 }  // namespace

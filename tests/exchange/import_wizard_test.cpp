@@ -23,6 +23,15 @@ std::string DirectoryBytes(const std::vector<DirectoryEntry>& entries) {
     return SerializeDirectoryFile(entries, error);
 }
 
+// Records each box and answers it with `answer`.
+struct AnsweredDialogues : RecordingDialogues {
+    int messageBox(const std::string& prompt, int flags, const std::string& title) override {
+        RecordingDialogues::messageBox(prompt, flags, title);
+        return answer;
+    }
+    int answer = AnswerOk;
+};
+
 // The wizard on a temporary home; its hooks leave their traces in `events`, the bar in `bars`.
 struct Wizard {
     explicit Wizard(const std::string& phonesDat = kAnn) {
@@ -50,7 +59,7 @@ struct Wizard {
 
     TempFolder home;
     Strings strings;
-    RecordingDialogues dialogues;
+    AnsweredDialogues dialogues;
     PickedFile chooser;
     std::vector<DirectoryEntry> directory{{"stale", "", "", "", ""}};
     std::vector<std::string> events;
@@ -137,6 +146,37 @@ TEST(ImportWizard, ImportAddsNewNamesAndKeepsTheOldFileAsBak) {
     w.import(w.file("phones.csv"));
     EXPECT_EQ(w.directory, after);
     EXPECT_EQ(w.file("phones.bak"), DirectoryBytes(after));
+}
+
+// A file is read as what it is: UTF-8 with or without a byte-order mark, else Windows-1252.
+// Characters the code page cannot hold are named first; No imports nothing.
+TEST(ImportWizard, Utf8FilesAreReadAsSuchAndLostCharactersAreAskedAbout) {
+    const std::string question =
+        "36 The file holds characters that cannot be kept:\r\nU+2713, U+1F600\r\n\r\n"
+        "Each of them would become \"?\". Go on?";
+    const struct {
+        std::string csvName;
+        int answer;
+        std::string imported;  // empty: nothing imported
+        bool asked;
+    } cases[] = {
+        {"M\xFCller", AnswerOk, "M\xFCller", false},                  // Windows-1252
+        {"M\xC3\xBCller", AnswerOk, "M\xFCller", false},              // UTF-8
+        {"\xEF\xBB\xBFM\xC3\xBCller", AnswerOk, "M\xFCller", false},  // UTF-8 with BOM
+        {"\xE2\x82\xAC Fran\xC3\xA7ois", AnswerOk, "\x80 Fran\xE7ois", false},
+        {"Ok \xE2\x9C\x93\xF0\x9F\x98\x80\xE2\x9C\x93", AnswerYes, "Ok ???", true},
+        {"Ok \xE2\x9C\x93\xF0\x9F\x98\x80", AnswerNo, "", true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.csvName);
+        Wizard w;
+        w.dialogues.answer = c.answer;
+        const bool bom = c.csvName.rfind("\xEF\xBB\xBF", 0) == 0;
+        w.import((bom ? "\xEF\xBB\xBF" : "") + std::string("h\r\n\"") +
+                 c.csvName.substr(bom ? 3 : 0) + "\",\"44\",\"07\",\"1\"\r\n");
+        EXPECT_EQ(!w.dialogues.boxes.empty() && w.dialogues.boxes[0] == question, c.asked);
+        EXPECT_EQ(w.directory.back().Name, c.imported.empty() ? "Ann" : c.imported);
+    }
 }
 
 TEST(ImportWizard, HeaderOnlyRewritesOnlyANonEmptyDirectory) {

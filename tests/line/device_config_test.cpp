@@ -184,8 +184,8 @@ TEST(DiallingLocationDialog, ReachesEveryModemsTranslationAndTheSettings) {
         EXPECT_EQ(dialled, "9,1234567");  // was 003961234567 from London
         EXPECT_EQ(bench.devices.modem(device)->options().dialMode, 'P');
     }
-    bench.tapi.tapiGetLocationInfo(country);
-    EXPECT_EQ(country, "39");
+    bench.tapi.tapiGetLocationInfo(country, city);
+    EXPECT_EQ(country + " " + city, "39 06");  // what a new centre starts with
     EXPECT_EQ(LoadDiallingLocation(bench.settings, DiallingLocation{}), bench.devices.location());
     EXPECT_EQ(bench.log.text(), "");
 
@@ -210,6 +210,17 @@ TEST(SerialPortsDialog, SavesThePortsSettingOnOk) {
     bench.dialogs.onPorts = [](PortsForm& form) { form.txtPorts.Text = "/dev/ttyS0; ttyS1"; };
     EXPECT_FALSE(bench.tapi.ConfigureProvider(0));
     EXPECT_EQ(bench.settings.GetSetting("Modem", "Ports", ""), saved);
+
+    // A port added is listed the next time a list is filled, under the next free number.
+    bench.tapi.InitTelephony();
+    bench.dialogs.onPorts = [](PortsForm& form) { form.txtPorts.Text += ";/nonexistent/ttyS4"; };
+    EXPECT_TRUE(bench.tapi.ConfigureProvider(0));
+    ListControl list;
+    bench.tapi.FillDeviceList(list);
+    ASSERT_EQ(list.ListCount(), 5);
+    EXPECT_EQ(list.rows[4], "/nonexistent/ttyS4");
+    EXPECT_EQ(bench.settings.GetSetting("Modem", "Lines", ""),
+              "simulated;internet;/nonexistent/ttyS9;/nonexistent/ttyUSB7;/nonexistent/ttyS4");
 }
 
 }  // namespace

@@ -75,6 +75,12 @@ TEST(ArchiveWindows, BrowserOpensSendsAgainAndTrashes) {
             resent = true;
         });
         QTest::keyClick(list, Qt::Key_Return);
+        // Delete asks first: No keeps the message, Yes puts it in the trash.
+        list->selectRow(0);
+        QTest::keyClick(list, Qt::Key_Delete);
+        EXPECT_EQ(list->model()->rowCount(), 2);
+        EXPECT_EQ(p.dialogues.shown.back().prompt.rfind("Move to the trash: ", 0), 0u);
+        p.dialogues.answers.push_back(AnswerYes);
         list->selectRow(0);
         QTest::keyClick(list, Qt::Key_Delete);
         EXPECT_EQ(list->model()->rowCount(), 1);

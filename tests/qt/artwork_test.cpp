@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 #include <QStandardPaths>
 #include <QTest>
+#include <utility>
 
 #include "core/program.h"
 #include "core/strings.h"
@@ -56,17 +57,23 @@ TEST(Artwork, EveryDrawingRendersAndEveryNameUsedExists) {
     }
 }
 
-TEST(Artwork, ManualIsCopiedOutWithItsPictures) {
-    QStandardPaths::setTestModeEnabled(true);  // keep out of the user's own cache
-    const QUrl url = ManualUrl();
-    QStandardPaths::setTestModeEnabled(false);
-    ASSERT_TRUE(url.isLocalFile());
-    const QString folder = QFileInfo(url.toLocalFile()).path();
-    QFile index(url.toLocalFile());
-    ASSERT_TRUE(index.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(index.readAll().contains("manual.css"));
-    EXPECT_TRUE(QFile::exists(folder + "/manual.css"));
-    EXPECT_TRUE(QFile::exists(folder + "/../icons/send.svg"));
+// Each language's manual, copied out with its pictures; US English reads the English one.
+TEST(Artwork, ManualIsCopiedOutInTheLanguageInUse) {
+    for (const auto& [offset, language] :
+         {std::pair{0, "en"}, {1000, "en"}, {2000, "it"}, {3000, "de"}, {4000, "fr"}}) {
+        QStandardPaths::setTestModeEnabled(true);  // keep out of the user's own cache
+        const QUrl url = ManualUrl(offset);
+        QStandardPaths::setTestModeEnabled(false);
+        ASSERT_TRUE(url.isLocalFile());
+        const QString folder = QFileInfo(url.toLocalFile()).path();
+        QFile index(url.toLocalFile());
+        ASSERT_TRUE(index.open(QIODevice::ReadOnly));
+        const QByteArray page = index.readAll();
+        EXPECT_TRUE(page.contains(QByteArray("<html lang=\"") + language + "\"")) << offset;
+        EXPECT_TRUE(page.contains("manual.css"));
+        EXPECT_TRUE(QFile::exists(folder + "/manual.css"));
+        EXPECT_TRUE(QFile::exists(folder + "/../icons/send.svg"));
+    }
 }
 
 TEST(ToolbarWidget, LaysOutTheRowWithTheRightControlAtTheEnd) {

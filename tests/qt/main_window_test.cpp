@@ -1,4 +1,5 @@
-// The main window through real key events and real menu actions, on the offscreen platform.
+// The main window through real key events and real menu actions, and the debug view it opens,
+// on the offscreen platform.
 #include "qt/main_window.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,10 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QTextBlock>
+#include <QToolButton>
 
+#include "qt/dialogs/debug_window.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "support/test_platform.h"
 
@@ -67,6 +71,8 @@ TEST(MainWindowKeys, MessageKeepsToTheCentresLimitAndQueues) {
     auto& form = p.load();
     MainWindow window(form);
     window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     auto* message = window.findChild<QPlainTextEdit*>("txtMessage");
     window.findChild<QComboBox*>("Services")->setCurrentIndex(1);
     QTest::keyClicks(window.findChild<QLineEdit*>("txtAreaCode"), "07");
@@ -84,9 +90,11 @@ TEST(MainWindowKeys, MessageKeepsToTheCentresLimitAndQueues) {
     message->insertPlainText(QString::fromUtf8("\xC3\xA9"));
     EXPECT_EQ(form.txtMessage.Text, "abcd\xE9");
 
-    window.action("mnuQueue")->trigger();
+    // Ctrl+Return in the text queues; Ctrl+Q is the desktop's Quit.
+    QTest::keyClick(message, Qt::Key_Return, Qt::ControlModifier);
     ASSERT_EQ(UpperBound(form.QueueBuffer), 1);
     EXPECT_EQ(form.QueueBuffer[1].ProviderName, "Short");
+    EXPECT_EQ(window.action("mnuExit")->shortcut(), QKeySequence(QKeySequence::Quit));
     EXPECT_TRUE(message->toPlainText().isEmpty());
     EXPECT_EQ(window.findChild<QLabel*>("lblInfo")->text(), "1 Message in Queue");
     // A failed check moves the focus as the model says.
@@ -156,6 +164,49 @@ TEST(MainWindowLanguage, ChoosingGermanRecaptionsTheOpenWindows) {
     EXPECT_TRUE(window.action("mnuGerman")->isChecked());
     EXPECT_EQ(window.findChild<QGroupBox*>("fraLogo")->title(), QString("Zu sendende Nachricht:"));
     EXPECT_EQ(window.findChild<QWidget*>("txtAreaCode")->toolTip(), QString("Ortsvorwahl"));
+}
+
+TEST(DebugWindow, OpensFromTheCommandAndFollowsThePanesAtTheirCaret) {
+    TestPlatform p;
+    auto& form = p.load();
+    auto& model = form.DebugForm;
+    model.Sent("\x02ID\r");  // before the window exists
+    MainWindow window(form);
+    window.show();
+    window.action("mnuDebug2")->trigger();
+    auto* debug = window.findChild<DebugWindow*>("frmDebug");
+    ASSERT_TRUE(debug && QTest::qWaitForWindowExposed(debug));
+    EXPECT_TRUE(p.dialogues.shown.empty());  // no "not available" box
+    EXPECT_EQ(debug->windowTitle(), "Monitor SMSC");
+    EXPECT_EQ(debug->findChild<QLabel*>("lblFromServer")->text(), "Data Received");
+    auto* sent = debug->findChild<QPlainTextEdit*>("ToServer");
+    auto* received = debug->findChild<QPlainTextEdit*>("FromServer");
+    EXPECT_FALSE(debug->findChild<QPlainTextEdit*>("Text1")->toPlainText().isEmpty());
+    EXPECT_EQ(sent->toPlainText(), QString::fromUtf8("\u2402ID\u240d"));
+
+    // Many rows, then the user's caret in the middle of the third: the next text goes there,
+    // in the model as in the pane, and the rows still hold the model's text.
+    for (int i = 0; i < 40; ++i) model.Received("<6>ID=<13>");
+    QTextCursor caret = received->textCursor();
+    caret.setPosition(received->document()->findBlockByNumber(2).position() + 1);
+    received->setTextCursor(caret);
+    const std::size_t at = model.FromServer.SelStart();
+    EXPECT_EQ(static_cast<int>(at), caret.position() - 2);  // less the two row ends before it
+    const std::string after = model.FromServer.Text().substr(at, 1);
+    model.Sent("\x1bPG1\r");
+    model.Received("Z");
+    EXPECT_EQ(model.FromServer.Text().substr(at, 7), ".....Z" + after);
+    EXPECT_GT(received->blockCount(), 3);
+    EXPECT_EQ(received->toPlainText().remove('\n'), LinePaneText(model.FromServer.Text()));
+    EXPECT_EQ(sent->toPlainText().remove('\n'), LinePaneText(model.ToServer.Text()));
+
+    // Exit empties the line panes and hides; the command shows the same window again.
+    debug->findChild<QToolButton*>("cmdExit")->click();
+    EXPECT_FALSE(debug->isVisible());
+    EXPECT_TRUE(received->toPlainText().isEmpty() && sent->toPlainText().isEmpty());
+    window.action("mnuDebug2")->trigger();
+    EXPECT_TRUE(debug->isVisible());
+    EXPECT_EQ(window.findChildren<DebugWindow*>().size(), 1);
 }
 
 }  // namespace

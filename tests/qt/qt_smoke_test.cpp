@@ -70,8 +70,18 @@ TEST(ProgramOptions, OwnOptionsComeBeforeTheNameAndMessage) {
     EXPECT_EQ(o.home, "/tmp/h");
     EXPECT_TRUE(o.demo);
     EXPECT_EQ(o.rest, (std::vector<std::string>{"Alice", "--home", "x"}));
-    EXPECT_FALSE(ParseProgramOptions({"--home"}).error.empty());
-    EXPECT_FALSE(ParseProgramOptions({"--bogus"}).error.empty());
+    // A word with a dash is never a name, unless "--" ended the options.
+    const std::pair<std::vector<std::string>, std::string> errors[] = {
+        {{"--home"}, "--home needs a folder"},
+        {{"--bogus"}, "unknown option --bogus"},
+        {{"-v", "hi"}, "unknown option -v"},
+        {{"--version"}, "version"},
+        {{"-h"}, "help"},
+        {{"--", "-v", "hi"}, ""},
+    };
+    for (const auto& [arguments, error] : errors)
+        EXPECT_EQ(ParseProgramOptions(arguments).error, error) << arguments.front();
+    EXPECT_EQ(ParseProgramOptions({"--", "-v", "hi"}).rest, (std::vector<std::string>{"-v", "hi"}));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 
@@ -52,6 +53,27 @@ TEST_F(DataToolCommand, WriteReplacesTheFileOnlyWhenEveryLineIsGood) {
     EXPECT_EQ(ReadWholeFile(file), std::string("\0\0\0\0\0\0\x01\0"
                                                "5\0\0",
                                                11));
+}
+
+// queue.dat's first record is skipped by the program: a message given first gets an empty
+// record in front of it, said on standard error; input that starts with one is kept as it is.
+TEST_F(DataToolCommand, AQueueNeverStartsWithAMessage) {
+    const std::string file = Path("queue.dat");
+    const std::string empty = R"({"Text":""})", message = R"({"Text":"hi","MessageNumber":1})";
+    for (const auto& [input, note] :
+         {std::pair{message + "\n", true}, {"\n" + empty + "\n" + message + "\n", false}}) {
+        EXPECT_EQ(Run({"write", "queue", file}, input), 0);
+        EXPECT_EQ(err_.str().find("line " + std::string(note ? "1" : "2") + " is a message") !=
+                      std::string::npos,
+                  note)
+            << err_.str();
+        EXPECT_EQ(Run({"show", file}), 0);
+        const std::string shown = out_.str();
+        const auto firstEnd = shown.find('\n');
+        EXPECT_NE(shown.substr(0, firstEnd).find(R"("Text":"",)"), std::string::npos) << shown;
+        EXPECT_NE(shown.substr(firstEnd).find(R"("Text":"hi",)"), std::string::npos) << shown;
+        EXPECT_EQ(std::count(shown.begin(), shown.end(), '\n'), 2);
+    }
 }
 
 TEST_F(DataToolCommand, UsageErrorsExitWithOne) {

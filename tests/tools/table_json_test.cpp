@@ -79,7 +79,10 @@ TEST(TableJson, EveryByteValueSurvivesInStringsAndByteBlocks) {
                                 "‚"),
                   std::string::npos)
             << lines[0];
-        EXPECT_EQ(Build(kind, lines[0]).bytes, bytes);
+        // A queue's first record is the empty one the program skips: it is put in front.
+        RecordWriter placeholder;
+        if (kind == TableKind::Queue) WriteQueuedMessage(placeholder, {});
+        EXPECT_EQ(Build(kind, lines[0]).bytes, placeholder.bytes() + bytes);
     }
 }
 

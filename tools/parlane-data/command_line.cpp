@@ -51,6 +51,9 @@ int Show(const std::vector<std::string>& args, std::ostream& out, std::ostream& 
     const ShownTable shown = ShowTable(*kind, *bytes);
     for (const auto& line : shown.lines) out << line << '\n';
     out.flush();
+    if (shown.messageFirst)
+        err << *file << ": record 1 is a message where the program keeps an empty record, so the "
+            << "program skips it; a write puts an empty record in front of it\n";
     for (const auto record : shown.inexact)
         err << *file << ": record " << record
             << " has a byte block in an unusual form; a write stores it in the usual one\n";
@@ -74,6 +77,7 @@ int Write(const std::vector<std::string>& args, std::istream& in, std::ostream& 
         err << args[2] << ": cannot write: " << error << "\n";
         return kExitBadData;
     }
+    if (!built.note.empty()) err << args[2] << ": " << built.note << "\n";
     return 0;
 }
 

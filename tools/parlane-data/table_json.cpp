@@ -13,6 +13,7 @@ namespace {
 // group.dat and the member files hold one string a record.
 struct GroupEntry {
     std::string Name;
+    bool operator==(const GroupEntry&) const = default;
 };
 bool ReadGroupEntry(RecordReader& reader, GroupEntry& out) {
     return reader.readString(out.Name);
@@ -26,6 +27,8 @@ struct RecordCodec {
     std::span<const Field<Record>> fields;
     bool (*read)(RecordReader&, Record&);
     bool (*write)(RecordWriter&, const Record&);
+    // The file's first record is an empty placeholder the program skips (queue.dat).
+    bool placeholderFirst = false;
 };
 
 constexpr std::array<Field<Provider>, 13> kProviderFields = {{
@@ -79,6 +82,8 @@ ShownTable Show(std::string_view bytes, const RecordCodec<Record>& codec) {
             shown.damageOffset = start;
             break;
         }
+        if (codec.placeholderFirst && shown.lines.empty() && !(record == Record{}))
+            shown.messageFirst = true;
         shown.lines.push_back(RecordToJson(record, codec.fields).dump());
         RecordWriter again;
         if (!codec.write(again, record) ||
@@ -95,13 +100,13 @@ std::string WithoutExceptionId(std::string_view message) {
 }
 
 BuiltTable Failure(int lineNumber, const std::string& problem) {
-    return {{}, "line " + std::to_string(lineNumber) + ": " + problem};
+    return {{}, "line " + std::to_string(lineNumber) + ": " + problem, {}};
 }
 
 template <typename Record>
 BuiltTable Build(std::istream& in, const RecordCodec<Record>& codec) {
     RecordWriter writer;
-    std::string line;
+    std::string line, note;
     int lineNumber = 0;
     while (std::getline(in, line)) {
         ++lineNumber;
@@ -115,11 +120,19 @@ BuiltTable Build(std::istream& in, const RecordCodec<Record>& codec) {
         Record record{};
         if (auto problem = RecordFromJson(value, codec.fields, record); !problem.empty())
             return Failure(lineNumber, problem);
+        // A first record that is a message would be skipped as the placeholder: one goes in
+        // front of it instead.
+        if (codec.placeholderFirst && writer.bytes().empty() && !(record == Record{})) {
+            codec.write(writer, Record{});
+            note = "line " + std::to_string(lineNumber) +
+                   " is a message, not the empty first record the program skips: an empty "
+                   "record was put in front of it";
+        }
         if (!codec.write(writer, record))
             return Failure(lineNumber, "a field is longer than 65535 bytes");
     }
-    if (in.bad()) return {{}, "the input could not be read"};
-    return {writer.take(), {}};
+    if (in.bad()) return {{}, "the input could not be read", {}};
+    return {writer.take(), {}, note};
 }
 
 template <typename Visitor>
@@ -128,8 +141,8 @@ auto WithCodec(TableKind kind, Visitor&& visit) {
         case TableKind::Provider:
             return visit(RecordCodec<Provider>{kProviderFields, ReadProvider, WriteProvider});
         case TableKind::Queue:
-            return visit(
-                RecordCodec<QueuedMessage>{kQueueFields, ReadQueuedMessage, WriteQueuedMessage});
+            return visit(RecordCodec<QueuedMessage>{kQueueFields, ReadQueuedMessage,
+                                                    WriteQueuedMessage, true});
         case TableKind::Directory:
             return visit(RecordCodec<DirectoryEntry>{kDirectoryFields, ReadDirectoryEntry,
                                                      WriteDirectoryEntry});

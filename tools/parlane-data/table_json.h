@@ -18,6 +18,9 @@ struct ShownTable {
     // Records (counted from 1) that a write would store differently: the record encoding keeps
     // neither a byte block's lower bound nor a one-dimension empty block.
     std::vector<std::size_t> inexact;
+    // queue.dat whose first record is a message: the program skips it as the placeholder, and
+    // a write puts an empty record in front of it.
+    bool messageFirst = false;
 };
 
 ShownTable ShowTable(TableKind kind, std::string_view bytes);
@@ -25,6 +28,7 @@ ShownTable ShowTable(TableKind kind, std::string_view bytes);
 struct BuiltTable {
     std::string bytes;
     std::string error;  // names the line and the problem; `bytes` is then empty
+    std::string note;   // something the build added that the user should know
 };
 
 // Blank lines are skipped; line numbers in errors count them all the same.

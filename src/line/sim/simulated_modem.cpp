@@ -118,7 +118,7 @@ std::int32_t SimulatedModem::lineDrop(std::uint32_t) {
 
 std::int32_t SimulatedModem::tapiGetLocationInfo(std::string& countryCode, std::string& cityCode) {
     countryCode = location_.countryCode;
-    cityCode.clear();
+    cityCode = location_.areaCode;
     return 0;
 }
 
