@@ -174,7 +174,9 @@ TEST_F(InsertTextFile, AppendsPrintableCharactersUpToTheLimitByEquality) {
 // A UTF-8 file (the usual one on Linux) is read as such, its length counted in the code page;
 // characters the code page lacks are asked about first, and No inserts nothing.
 TEST_F(InsertTextFile, Utf8IsReadAsSuchAndLostCharactersAreAskedAbout) {
-    insert("", "\xEF\xBB\xBFM\xC3\xBCller \xE2\x82\xAC" "5");
+    insert("",
+           "\xEF\xBB\xBFM\xC3\xBCller \xE2\x82\xAC"
+           "5");
     EXPECT_EQ(f->txtMessage.Text,
               "M\xFCller \x80"
               "5");
