@@ -73,7 +73,19 @@ bool frmMain::WriteUnarchived() {
 void frmMain::SaveToOutbox(const std::string& outcome, const QueuedMessage& message) {
     const std::string status = ArchiveStatus(outcome, message);
     WriteOutboxFile(BuildOutboxFile(status, message));
+    TallyOutcome(status);
     if (onArchived) onArchived(status, message);
+}
+
+void frmMain::TallyOutcome(const std::string& status) {
+    const bool sent = status.rfind(LoadResString(sid::MessageSentSuccessfully), 0) == 0;
+    ++(sent ? runTally_.sent : runTally_.notSent);
+    runTally_.simulated = runTally_.simulated || state.SimulatedCall;
+}
+
+void frmMain::EndRunTally() {
+    if (runTally_.sent + runTally_.notSent > 0 && onRunEnded) onRunEnded(runTally_);
+    runTally_ = {};
 }
 
 void frmMain::ArchiveFinished(const std::string& outcome, const QueuedMessage& message) {
@@ -85,6 +97,7 @@ void frmMain::ArchiveFinished(const std::string& outcome, const QueuedMessage& m
         JournalQueue();
     else
         unarchived_.push_back(file);
+    TallyOutcome(status);
     if (onArchived) onArchived(status, message);
 }
 

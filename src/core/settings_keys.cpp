@@ -48,6 +48,7 @@ constexpr std::array kKeys = {
     key::NationalPrefix,
     key::InternationalPrefix,
     key::Tone,
+    key::Notify,
 };
 constexpr std::size_t kFirstTextName = 21;
 static_assert(kKeys[kFirstTextName].key == "Name1" && kKeys[kFirstTextName + 6].key == "Note1");

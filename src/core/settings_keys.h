@@ -28,6 +28,7 @@ inline constexpr SettingKey Originator{"Settings", "Originator", "12345"};
 inline constexpr SettingKey MainLeft{"Settings", "MainLeft", "1000"};
 inline constexpr SettingKey MainTop{"Settings", "MainTop", "1000"};
 inline constexpr SettingKey Tools{"Settings", "Tools", "1"};
+inline constexpr SettingKey Notify{"Settings", "Notify", "1"};  // 0: no desktop notifications
 inline constexpr SettingKey FirstEdit{"Settings", "FirstEdit", "0"};
 inline constexpr SettingKey DefaultCentre{"SMSC", "Default", "", true};
 inline constexpr SettingKey QueueView{"Queue", "View", "0"};

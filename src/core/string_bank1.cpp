@@ -474,6 +474,8 @@ constexpr std::array kBank1 = {
     BankString{sid::FileCharactersNotKept, "The file holds characters that cannot be kept:"},
     BankString{sid::EachBecomesQuestionMark, "Each of them would become \"?\". Go on?"},
     BankString{sid::MoveToTrash, "Move to the trash:"},
+    BankString{sid::CountSent, "sent"},
+    BankString{sid::CountNotSent, "not sent"},
     BankString{sid::MenuOriginatorId, "Originator I&D"},
     BankString{
         sid::OriginatorExplained,

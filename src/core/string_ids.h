@@ -490,5 +490,7 @@ inline constexpr int ButtonRetry = 1481;
 inline constexpr int FileCharactersNotKept = 1482;
 inline constexpr int EachBecomesQuestionMark = 1483;
 inline constexpr int MoveToTrash = 1484;
+inline constexpr int CountSent = 1485;
+inline constexpr int CountNotSent = 1486;
 
 }  // namespace parlane::sid

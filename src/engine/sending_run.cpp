@@ -72,8 +72,10 @@ void frmMain::timSendMessages_Timer() {
         // Send Single's saved queue comes back first, so that the reason stays on show.
         if (timCheckSingleMessageSent.Enabled()) RestoreSingleMessageQueue();
         ShowStatus(heldBack_ + " - " + LoadResString(sid::NothingSentSeeCentres));
+        EndRunTally();
     } else {
         ShowStatus(LoadResString(sid::NoMoreMessages));
+        EndRunTally();
     }
 }
 

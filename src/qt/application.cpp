@@ -24,6 +24,7 @@
 #include "line/sim/simulated_modem.h"
 #include "qt/artwork.h"
 #include "qt/close_signals.h"
+#include "qt/desktop_notifier.h"
 #include "qt/dialogs/line_option_dialogs.h"
 #include "qt/dialogs/splash_window.h"
 #include "qt/guarded_application.h"
@@ -228,6 +229,7 @@ static int RunWindow(GuardedApplication& app, const ProgramOptions& options) {
     devices.tcp().onNote = [&form](const std::string& text) { form.debugLog.AppendLog(text); };
     form.Form_Load();
     MainWindow window(form);
+    DesktopNotifier notifier(form, window);
     dialogues.setOwner(&window);
     deviceDialogs.setOwner(&window);
     splash.close();

@@ -92,6 +92,13 @@ class frmMain {
     std::function<void()> onShow;
     // Told of every archive record written, with the message it keeps.
     std::function<void(const std::string& status, const QueuedMessage&)> onArchived;
+    // What a run came to, told when it ends (for the desktop's notifications).
+    struct RunTally {
+        int sent = 0;
+        int notSent = 0;
+        bool simulated = false;  // a call of the run was on the simulated modem
+    };
+    std::function<void(const RunTally&)> onRunEnded;
 
     // Life of the window.
     void Form_Load();
@@ -472,6 +479,9 @@ class frmMain {
     bool JournalQueue(const std::vector<FinishedMessage>& finishing = {});
     int journalError_ = 0;  // errno of the last journal write, 0 when it went
     int queueRefusals_ = 0;
+    RunTally runTally_;
+    void TallyOutcome(const std::string& status);
+    void EndRunTally();
     // Records of delivered messages whose archive file could not be written yet. The journal
     // keeps them as finished, and nothing more goes to a centre until they are on disk.
     std::vector<FinishedMessage> unarchived_;

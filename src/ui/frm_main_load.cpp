@@ -206,6 +206,8 @@ void frmMain::Form_Unload() {
     EndCallForExit();
     platform_.serial.CloseCommunicationsPort();
     tapi.ShutdownTelephony();
+    // A run the end of the program cut short (a script's) is told as well.
+    EndRunTally();
     loaded_ = false;
 }
 
