@@ -153,9 +153,19 @@ void frmFolders::tvwView_AfterLabelEdit(const std::string& newText) {
         return;
     }
     auto& node = folders[static_cast<std::size_t>(selectedNode - 2)];
+    // Directories of the old name in another case keep it: they stay a folder of their own.
+    FolderNode rest;
+    if (!node.others.empty()) {
+        rest = {FolderDisplayName(node.others.front()),
+                node.others.front(),
+                {node.others.begin() + 1, node.others.end()}};
+        node.others.clear();
+    }
     node.text = node.directory = newText;
-    // The list goes on showing the same folder under its new name.
+    if (!rest.directory.empty()) folders.push_back(std::move(rest));
+    // The list goes on showing the same folder under its new name (its rows know the path).
     CurrentFolder = newText;
+    ListCurrentFolder();
 }
 
 const MessageSummary& frmFolders::Summary(int row) {

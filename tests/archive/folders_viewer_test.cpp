@@ -281,6 +281,27 @@ TEST(FolderBrowser, NamesDifferingOnlyInCaseAreOneFolder) {
     EXPECT_EQ(shell.deleted, (std::vector<std::filesystem::path>{root / "WORK", root / "work"}));
 }
 
+// A renamed folder takes its first directory along; one of the old name in another case stays
+// a folder of its own, and the list reads the messages where they now are.
+TEST(FolderBrowser, RenamingAFolderOfTwoDirectories) {
+    TestPlatform p;
+    auto& f = p.load();
+    const auto root = p.home / "SMS";
+    for (const char* folder : {"WORK", "work"}) {
+        std::filesystem::create_directories(root / folder);
+        WriteFileAtomically(root / folder / "261101 090000.msg", "Sent To: \tAnn\r\n");
+    }
+    RecordingShell shell;
+    frmFolders browser(f, shell);
+    browser.Form_Load();
+    browser.tvwView_NodeClick(3);
+    browser.tvwView_AfterLabelEdit("Jobs");
+    ASSERT_EQ(browser.rows.size(), 1u);
+    EXPECT_EQ(browser.Summary(0).recipient, "Ann");
+    EXPECT_EQ(browser.folders.back().directory, "work");
+    EXPECT_TRUE(std::filesystem::exists(root / "Jobs" / "261101 090000.msg"));
+}
+
 TEST(FolderBrowser, NewFolderAndTargetChecks) {
     TestPlatform p;
     auto& f = p.load();
